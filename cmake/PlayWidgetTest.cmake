@@ -1,0 +1,23 @@
+# playwidget_test(<name> [SOURCES <file>...] [LIBRARIES <target>...] [PLATFORM <qpa platform>]
+#                 [TIMEOUT <seconds>])
+#
+# Builds <name>.cpp and SOURCES into a Qt Test program and registers it with CTest. It runs on Qt's
+# offscreen platform unless PLATFORM names another.
+function(playwidget_test name)
+  cmake_parse_arguments(arg "" "PLATFORM;TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+  if(NOT arg_PLATFORM)
+    set(arg_PLATFORM offscreen)
+  endif()
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${name}.cpp ${arg_SOURCES})
+  set_target_properties(${name} PROPERTIES
+    AUTOMOC ON
+    RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+  target_link_libraries(${name} PRIVATE playwidget_options ${arg_LIBRARIES} Qt::Test)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES
+    TIMEOUT ${arg_TIMEOUT}
+    ENVIRONMENT "QT_QPA_PLATFORM=${arg_PLATFORM};QT_SCALE_FACTOR=1;QT_FATAL_WARNINGS=0;LC_ALL=C.UTF-8")
+endfunction()

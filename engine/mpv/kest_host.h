@@ -1,0 +1,67 @@
+// For hosts of our own engine: open one, name its files, close it, and put a code into words.
+// Not here: playing (engine/kest.h), which works the same with any engine.
+#pragma once
+
+#include "engine/kest.h"
+
+/// What the engine's functions return. All failures are negative, so that a count and a code can
+/// share a return value.
+enum KestResult {
+    KestOk = 0,
+    KestErrorHandle = -1,  ///< null, closed or foreign handle, or one of another thread
+    KestErrorArgument = -2,  ///< a null pointer where one is needed
+    KestErrorFileId = -3,  ///< no file has this id
+    KestErrorNoEdit = -4,  ///< no edit is open
+    KestErrorFilterKind = -5,  ///< not a kind of filter that the engine has
+    KestErrorNoFilter = -6,  ///< no filter of this kind is set
+    KestErrorNotFound = -7,  ///< the file does not exist
+    KestErrorUnreadable = -8,  ///< the file may not or cannot be read
+    KestErrorNotAFile = -9,  ///< a folder, a pipe, a device
+    KestErrorEmpty = -10,  ///< the file has no bytes
+    KestErrorNotMedia = -11,  ///< the file holds no picture and no sound that can be decoded
+    KestErrorTimeout = -12,  ///< the file could not be examined in time
+    KestErrorPlayer = -13  ///< the player below refused
+};
+
+/// One stream of a file, as KestGetMediaInfo hands it out: 64 bytes.
+struct KestStreamInfo
+{
+    int kind;  ///< 0 picture, 1 sound, 2 subtitles, 3 any other
+    int width;  ///< picture: stored width in pixels, else 0
+    int height;  ///< picture: stored height in pixels, else 0
+    int rotation;  ///< picture: degrees clockwise that it is shown turned by: 0, 90, 180, 270
+    int aspectNumerator;  ///< picture: shape of one pixel; 1 / 1 when the file says nothing
+    int aspectDenominator;
+    int frameRateNumerator;  ///< picture: mean frames per second as a fraction, 0 / 1 if unknown
+    int frameRateDenominator;
+    int sampleRate;  ///< sound: Hz, else 0
+    int channels;  ///< sound: number of channels, else 0
+    long long duration;  ///< ms, -1 when the file does not say
+    char codec[16];  ///< short name of the codec, zero-terminated, cut where it is longer
+};
+static_assert(sizeof(KestStreamInfo) == 64, "a media-information record has 64 bytes");
+
+extern "C" {
+
+/// Opens an engine and returns its handle, or null when the player below cannot be started. The
+/// handle belongs to the calling thread, which must run a Qt event loop; in other threads it counts
+/// as foreign. Handles are never reused.
+/// `audioOutput` names the sound output ("pulse", "alsa", ...); null takes the system's default and
+/// "null" plays without sound.
+KEST_EXPORT void *KestOpen(const char *audioOutput);
+
+/// Ends an open edit without save, stops everything and frees the engine. Unknown handles are
+/// ignored. An engine that is never closed goes with the thread that opened it.
+KEST_EXPORT void KestClose(void *engine);
+
+/// Gives a file an id to be named by. The path is UTF-8 and is not looked at yet. An id that is
+/// taken gets the new path and loses its filters, unless it is being edited: that edit goes on.
+KEST_EXPORT int KestAddFile(void *engine, int fileId, const char *utf8Path);
+
+/// Forgets a file and the filters kept for it. An edit that is open on it is ended without save.
+KEST_EXPORT int KestRemoveFile(void *engine, int fileId);
+
+/// What a code means, in one English sentence without a full stop. Static text, never null; an
+/// unknown code has a text of its own.
+KEST_EXPORT const char *KestErrorText(int code);
+}
