@@ -1,0 +1,16 @@
+// The 3D modes by name, for the command line and for what the program prints.
+// Not here: the texts that the widget shows.
+#pragma once
+
+#include "engine/kest.h"
+
+#include <QStringList>
+
+/// Every name, in the order of the widget's list.
+QStringList modeNames();
+
+/// The name of a mode; one without a name, which an engine may still report, as its number.
+QString modeName(int mode);
+
+/// The mode of a name; false, with `mode` untouched, when no mode is called so.
+bool modeFromName(const QString &name, tagKest3DMode &mode);
