@@ -1,0 +1,18 @@
+# Fails unless `document` shows what stands between the two marks in `source`.
+set(line "//! [${mark}]\n")
+file(READ "${source}" code)
+string(FIND "${code}" "${line}" begin)
+string(FIND "${code}" "${line}" end REVERSE)
+string(LENGTH "${line}" length)
+if(NOT begin LESS end)
+  message(FATAL_ERROR "${source} has no two marks ${mark}")
+endif()
+math(EXPR begin "${begin} + ${length}")
+math(EXPR length "${end} - ${begin}")
+string(SUBSTRING "${code}" ${begin} ${length} code)
+
+file(READ "${document}" text)
+string(FIND "${text}" "```cpp\n${code}```\n" place)
+if(place EQUAL -1)
+  message(FATAL_ERROR "${document} shows other code than ${source}. It should be:\n${code}")
+endif()
