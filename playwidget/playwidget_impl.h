@@ -195,6 +195,7 @@ private:
     void loadButtonIcons();
     void loadSliders();
     void loadModes();
+    void loadTimeLabels();
     void loadStyleSheet();
 
     // playwidget_impl_snapshots.cpp

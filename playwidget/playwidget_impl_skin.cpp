@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr int timeTextSize = 11;  // pixels
+
 QIcon stateIcon(const QString &name)
 {
     const QString path = QStringLiteral(":/skin/") + name;
@@ -44,6 +46,7 @@ void PlayWidget_Impl::loadSkin()
     for (const auto standard : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel})
         ui.buttonBox->button(standard)->setProperty("useStyleSheet", QStringLiteral("true"));
     loadModes();
+    loadTimeLabels();
     ui.btnCapture->setVisible(false);
     ui.btnCaptureRight->setVisible(false);
     loadStyleSheet();
@@ -76,6 +79,18 @@ void PlayWidget_Impl::loadModes()
         ui.cbx3DMode->addItem(QIcon(), QString::fromLatin1(row.text), row.mode);
     for (int i = 0; i < ui.cbx3DMode->count(); ++i)
         ui.cbx3DMode->setItemIcon(i, QIcon(QString::fromLatin1(modeRows[i].icon)));
+}
+
+// The bar is laid out in pixels, so its times must not grow with the platform's font. The elapsed
+// time stands beside the slider: Qt aligns a label by the direction of its text, not of its layout.
+void PlayWidget_Impl::loadTimeLabels()
+{
+    for (QLabel *label : {ui.lblElapsedTime, ui.lblRemainTime}) {
+        QFont font = label->font();
+        font.setPixelSize(timeTextSize);
+        label->setFont(font);
+    }
+    ui.lblElapsedTime->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
 // The rules from the first push button on are for hosts that skin their whole dialog. Inside this
