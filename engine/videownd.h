@@ -22,7 +22,7 @@ public:
     struct tagMsgParams
     {
         int command;  ///< 4: empty the view to black; any other is ignored
-        int param;  ///< -1 with command 4; not read
+        int param;    ///< -1 with command 4; not read
         void *reserved0;
         void *reserved1;
     };
@@ -39,5 +39,7 @@ public:
     void resetSessionState();
 
 private:
+    friend class VideoView;
+
     VideoView *m_view;  // the implementation's own; a child object of this widget
 };

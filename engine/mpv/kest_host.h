@@ -8,36 +8,47 @@
 /// share a return value.
 enum KestResult {
     KestOk = 0,
-    KestErrorHandle = -1,  ///< null, closed or foreign handle, or one of another thread
-    KestErrorArgument = -2,  ///< a null pointer where one is needed
-    KestErrorFileId = -3,  ///< no file has this id
-    KestErrorNoEdit = -4,  ///< no edit is open
+    KestErrorHandle = -1,      ///< null, closed or foreign handle, or one of another thread
+    KestErrorArgument = -2,    ///< a null pointer where one is needed
+    KestErrorFileId = -3,      ///< no file has this id
+    KestErrorNoEdit = -4,      ///< no edit is open
     KestErrorFilterKind = -5,  ///< not a kind of filter that the engine has
-    KestErrorNoFilter = -6,  ///< no filter of this kind is set
-    KestErrorNotFound = -7,  ///< the file does not exist
+    KestErrorNoFilter = -6,    ///< no filter of this kind is set
+    KestErrorNotFound = -7,    ///< the file does not exist
     KestErrorUnreadable = -8,  ///< the file may not or cannot be read
-    KestErrorNotAFile = -9,  ///< a folder, a pipe, a device
-    KestErrorEmpty = -10,  ///< the file has no bytes
-    KestErrorNotMedia = -11,  ///< the file holds no picture and no sound that can be decoded
-    KestErrorTimeout = -12,  ///< the file could not be examined in time
-    KestErrorPlayer = -13  ///< the player below refused
+    KestErrorNotAFile = -9,    ///< a folder, a pipe, a device
+    KestErrorEmpty = -10,      ///< the file has no bytes
+    KestErrorNotMedia = -11,   ///< the file holds no picture and no sound that can be decoded
+    KestErrorTimeout = -12,    ///< the file could not be examined in time
+    KestErrorPlayer = -13      ///< the player below refused
+};
+
+/// The longest time that a file is examined for, which is done when its length, its streams or an
+/// edit of it are asked for and it is new or has changed. The calling thread waits for it.
+enum { KestProbeMilliseconds = 3000 };
+
+enum KestStreamKind {
+    KestStreamPicture = 0,
+    KestStreamSound = 1,
+    KestStreamSubtitles = 2,
+    KestStreamOther = 3
 };
 
 /// One stream of a file, as KestGetMediaInfo hands it out: 64 bytes.
 struct KestStreamInfo
 {
-    int kind;  ///< 0 picture, 1 sound, 2 subtitles, 3 any other
-    int width;  ///< picture: stored width in pixels, else 0
-    int height;  ///< picture: stored height in pixels, else 0
+    int kind;      ///< a KestStreamKind
+    int width;     ///< picture: stored width in pixels, else 0
+    int height;    ///< picture: stored height in pixels, else 0
     int rotation;  ///< picture: degrees clockwise that it is shown turned by: 0, 90, 180, 270
     int aspectNumerator;  ///< picture: shape of one pixel; 1 / 1 when the file says nothing
     int aspectDenominator;
     int frameRateNumerator;  ///< picture: mean frames per second as a fraction, 0 / 1 if unknown
     int frameRateDenominator;
-    int sampleRate;  ///< sound: Hz, else 0
-    int channels;  ///< sound: number of channels, else 0
+    int sampleRate;      ///< sound: Hz, else 0
+    int channels;        ///< sound: number of channels, else 0
     long long duration;  ///< ms, -1 when the file does not say
-    char codec[16];  ///< short name of the codec, zero-terminated, cut where it is longer
+    char codec[16];      ///< short name of the codec, zero-terminated, cut where it is longer
 };
 static_assert(sizeof(KestStreamInfo) == 64, "a media-information record has 64 bytes");
 

@@ -1,0 +1,48 @@
+// MediaProbe: what a file is: playable or not and why, how long, of which streams, in what shape.
+// Not here: playing it. A file is examined once and again only after it has changed.
+#pragma once
+
+#include "engine/mpv/kest_host.h"
+#include "engine/mpv/mailbox.h"
+
+#include <array>
+#include <map>
+#include <string>
+#include <vector>
+
+struct MediaFacts
+{
+    int code = KestErrorNotFound;  ///< KestOk: it can be played; the rest is empty otherwise
+    long long duration = 0;        ///< ms; 0 when the file does not say
+    PictureShape shape;  ///< of the stream that a player chooses; empty: no moving picture
+    std::vector<KestStreamInfo> streams;
+};
+
+/// Examines one file, for no longer than KestProbeMilliseconds but for a system call that blocks.
+/// Opens that file and no other, whatever it refers to. A container counts as media when it has a
+/// moving picture or a sound that can be decoded; play lists, subtitles and still pictures do not.
+MediaFacts probeMedia(const std::string &path);
+
+/// Remembers what probeMedia() said, by file id.
+class MediaProbe
+{
+public:
+    /// The reference is good until the file has changed or is forgotten.
+    MediaFacts &facts(int fileId, const std::string &path);
+    void forget(int fileId);
+
+private:
+    /// Device, inode, size and time of change tell a file from another that took its place.
+    using Stamp = std::array<long long, 5>;
+
+    struct Entry
+    {
+        std::string path;
+        Stamp stamp;
+        MediaFacts facts;
+    };
+
+    static Stamp stampOf(const std::string &path);
+
+    std::map<int, Entry> m_entries;
+};

@@ -1,0 +1,182 @@
+// libmpv's handle: made under the locale it insists on, set up to open one file and nothing else.
+// Not here: any mpv_render_* call (rendercontext.cpp).
+#include "engine/mpv/mpvcore.h"
+
+#include <clocale>
+#include <locale.h>
+
+namespace {
+
+struct Option
+{
+    const char *name;
+    const char *value;
+};
+
+constexpr Option options[] = {
+    // The one file, and nothing that lies beside it, is named in it or belongs to the user.
+    {"config", "no"},
+    {"load-scripts", "no"},
+    {"ytdl", "no"},
+    {"osc", "no"},
+    {"access-references", "no"},
+    {"autoload-files", "no"},
+    {"sub-auto", "no"},
+    {"audio-file-auto", "no"},
+    {"ordered-chapters", "no"},
+    {"load-unsafe-playlists", "no"},
+    {"demuxer-lavf-o", "protocol_whitelist=file"},
+    {"resume-playback", "no"},
+    {"save-position-on-quit", "no"},
+    // No keys, no texts, no terminal: the host has its own.
+    {"terminal", "no"},
+    {"msg-level", "all=no"},
+    {"input-default-bindings", "no"},
+    {"input-vo-keyboard", "no"},
+    {"osd-level", "0"},
+    {"sid", "no"},
+    {"audio-display", "no"},
+    // One player for many films; at its end a film stays open, so that a seek can leave the end.
+    {"idle", "yes"},
+    {"keep-open", "yes"},
+    {"hr-seek", "yes"},
+    {"gapless-audio", "no"},
+    {"audio-fallback-to-null", "yes"},
+    {"volume-max", "130"},
+    // We fit and turn the picture ourselves: the software renderer aborts on a turned one.
+    {"vo", "libmpv"},
+    {"keepaspect", "no"},
+    {"video-rotate", "no"},
+    {"video-timing-offset", "0"},
+    {"zimg-threads", "1"},
+    {"hwdec", "no"},
+    {"cache", "no"},
+};
+
+/// Decimal points for the calling thread alone.
+class PointLocale
+{
+public:
+    PointLocale()
+        : m_point(newlocale(LC_NUMERIC_MASK, "C", duplocale(uselocale(nullptr))))
+        , m_before(uselocale(m_point))
+    { }
+    ~PointLocale()
+    {
+        uselocale(m_before);
+        freelocale(m_point);
+    }
+
+private:
+    const locale_t m_point;
+    const locale_t m_before;
+};
+
+/// mpv_create() asks for the process's locale, not the thread's, and refuses any but "C". Only for
+/// that moment it is changed, and only where it differs.
+mpv_handle *createHandle()
+{
+    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
+    if (mpv_handle *handle = mpv_create())
+        return handle;
+    std::setlocale(LC_NUMERIC, "C");
+    mpv_handle *handle = mpv_create();
+    std::setlocale(LC_NUMERIC, before.c_str());
+    return handle;
+}
+
+void observe(mpv_handle *handle)
+{
+    mpv_observe_property(handle, MpvCore::Position, "time-pos", MPV_FORMAT_DOUBLE);
+    mpv_observe_property(handle, MpvCore::AtEnd, "eof-reached", MPV_FORMAT_FLAG);
+    mpv_observe_property(handle, MpvCore::OutputShape, "video-out-params", MPV_FORMAT_NODE);
+    for (const mpv_event_id silent : {MPV_EVENT_SEEK, MPV_EVENT_AUDIO_RECONFIG,
+                                      MPV_EVENT_VIDEO_RECONFIG, MPV_EVENT_CLIENT_MESSAGE})
+        mpv_request_event(handle, silent, 0);
+}
+
+}  // namespace
+
+std::shared_ptr<MpvCore> MpvCore::open(const char *audioOutput)
+{
+    const PointLocale pointLocale;
+    mpv_handle *handle = createHandle();
+    if (!handle)
+        return nullptr;
+    const std::shared_ptr<MpvCore> core(new MpvCore(handle));
+    for (const Option &option : options)
+        mpv_set_option_string(handle, option.name, option.value);
+    if (audioOutput && mpv_set_option_string(handle, "ao", audioOutput) < 0)
+        return nullptr;
+    if (mpv_initialize(handle) < 0)
+        return nullptr;
+    observe(handle);
+    return core;
+}
+
+MpvCore::~MpvCore()
+{
+    mpv_terminate_destroy(m_handle);
+}
+
+void MpvCore::setWakeup(void (*wake)(void *), void *user)
+{
+    mpv_set_wakeup_callback(m_handle, wake, user);
+}
+
+void MpvCore::load(const std::string &absolutePath)
+{
+    const char *command[] = {"loadfile", absolutePath.c_str(), nullptr};
+    mpv_command_async(m_handle, Load, command);
+}
+
+void MpvCore::stop()
+{
+    const char *command[] = {"stop", nullptr};
+    mpv_command_async(m_handle, NoTag, command);
+}
+
+void MpvCore::seek(double seconds)
+{
+    // The number goes as a number: as text it would be read in the locale of the moment.
+    char name[] = "seek";
+    char flags[] = "absolute+exact";
+    mpv_node arguments[3] = {};
+    arguments[0].format = arguments[2].format = MPV_FORMAT_STRING;
+    arguments[0].u.string = name;
+    arguments[1].format = MPV_FORMAT_DOUBLE;
+    arguments[1].u.double_ = seconds;
+    arguments[2].u.string = flags;
+    mpv_node_list list = {3, arguments, nullptr};
+    mpv_node command = {};
+    command.format = MPV_FORMAT_NODE_ARRAY;
+    command.u.list = &list;
+    mpv_command_node_async(m_handle, Seek, &command);
+}
+
+void MpvCore::setPaused(bool paused)
+{
+    int flag = paused;
+    mpv_set_property_async(m_handle, NoTag, "pause", MPV_FORMAT_FLAG, &flag);
+}
+
+void MpvCore::setVolume(int volume)
+{
+    double value = playerVolume(volume);
+    mpv_set_property_async(m_handle, NoTag, "volume", MPV_FORMAT_DOUBLE, &value);
+}
+
+void MpvCore::askPosition()
+{
+    mpv_get_property_async(m_handle, Position, "time-pos", MPV_FORMAT_DOUBLE);
+}
+
+void MpvCore::askAtEnd()
+{
+    mpv_get_property_async(m_handle, AtEnd, "eof-reached", MPV_FORMAT_FLAG);
+}
+
+const mpv_event &MpvCore::nextEvent()
+{
+    return *mpv_wait_event(m_handle, 0);
+}

@@ -1,0 +1,59 @@
+// MpvCore: owner of one libmpv player: its options, commands and observed properties.
+// Not here: what its events mean (session_events.cpp), its pictures (rendercontext.h).
+#pragma once
+
+#include <mpv/client.h>
+
+#include <cmath>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+/// Our volume 0 to 200 on libmpv's scale. Ours is linear in amplitude: 100 leaves the sound as it
+/// is, 200 doubles it (+6 dB), 50 halves it. libmpv's is cubic.
+inline double playerVolume(int volume)
+{
+    const double gain = std::fmin(std::fmax(volume, 0), 200) / 100.0;
+    return 100.0 * std::cbrt(gain);
+}
+
+/// All commands are queued and return at once; what comes of them is told by events.
+class MpvCore
+{
+public:
+    /// What observed properties and replies are told apart by.
+    enum Tag : std::uint64_t { NoTag, Position, AtEnd, OutputShape, Load, Seek };
+
+    /// Null when the player cannot be made. `audioOutput` null: the system's default.
+    static std::shared_ptr<MpvCore> open(const char *audioOutput);
+    ~MpvCore();
+
+    MpvCore(const MpvCore &) = delete;
+    MpvCore &operator=(const MpvCore &) = delete;
+
+    /// `wake` is called on threads of the player's own, until setWakeup(nullptr, nullptr) returned.
+    void setWakeup(void (*wake)(void *), void *user);
+
+    void load(const std::string &absolutePath);
+    void stop();
+    void seek(double seconds);
+    void setPaused(bool paused);
+    void setVolume(int volume);
+
+    // Answered by MPV_EVENT_GET_PROPERTY_REPLY with the property's tag, by which time every command
+    // given before has been taken up; an observed change may be older than that.
+    void askPosition();
+    void askAtEnd();
+
+    /// The next event, of id MPV_EVENT_NONE when there is none. Good until the next call.
+    const mpv_event &nextEvent();
+
+    mpv_handle *handle() const { return m_handle; }
+
+private:
+    explicit MpvCore(mpv_handle *handle)
+        : m_handle(handle)
+    { }
+
+    mpv_handle *const m_handle;
+};
