@@ -2,7 +2,8 @@
 #                 [TIMEOUT <seconds>])
 #
 # Builds <name>.cpp and SOURCES into a Qt Test program and registers it with CTest. It runs on Qt's
-# offscreen platform unless PLATFORM names another.
+# offscreen platform unless PLATFORM names another; with xcb it gets an X display of its own, so that
+# tests with real windows and a real mouse can run side by side.
 function(playwidget_test name)
   cmake_parse_arguments(arg "" "PLATFORM;TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
   if(NOT arg_PLATFORM)
@@ -16,7 +17,11 @@ function(playwidget_test name)
     AUTOMOC ON
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   target_link_libraries(${name} PRIVATE playwidget_options ${arg_LIBRARIES} Qt::Test)
-  add_test(NAME ${name} COMMAND ${name})
+  set(display)
+  if(arg_PLATFORM STREQUAL "xcb")
+    set(display xvfb-run --auto-servernum --server-args "-screen 0 1280x1024x24")
+  endif()
+  add_test(NAME ${name} COMMAND ${display} $<TARGET_FILE:${name}>)
   set_tests_properties(${name} PROPERTIES
     TIMEOUT ${arg_TIMEOUT}
     ENVIRONMENT "QT_QPA_PLATFORM=${arg_PLATFORM};QT_SCALE_FACTOR=1;QT_FATAL_WARNINGS=0;LC_ALL=C.UTF-8")

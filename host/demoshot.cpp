@@ -1,6 +1,6 @@
 // The moments of a demonstration, driven by timers.
 // Not here: anything a user would notice.
-#include "demoshot.h"
+#include "host/demoshot.h"
 
 #include <QApplication>
 #include <QCursor>

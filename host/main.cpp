@@ -1,9 +1,9 @@
 // playwidget-preview: previews the files of its command line and prints the settings chosen.
 // Not here: the dialog (previewdialog.cpp), the engine (mediaengine.cpp).
-#include "demoshot.h"
-#include "mediaengine.h"
-#include "options.h"
-#include "previewdialog.h"
+#include "host/demoshot.h"
+#include "host/mediaengine.h"
+#include "host/options.h"
+#include "host/previewdialog.h"
 
 #include <QApplication>
 

@@ -1,6 +1,6 @@
 // Opening and closing the engine, and what it says of a file.
 // Not here: any window.
-#include "mediaengine.h"
+#include "host/mediaengine.h"
 
 #include "engine/mpv/kest_host.h"
 

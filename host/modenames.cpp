@@ -1,6 +1,6 @@
 // The table of names.
 // Not here: anything else.
-#include "modenames.h"
+#include "host/modenames.h"
 
 namespace {
 

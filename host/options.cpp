@@ -1,8 +1,8 @@
 // The command line: its options, their help, and what can be wrong with them.
 // Not here: files that cannot be played; the engine finds those out.
-#include "options.h"
+#include "host/options.h"
 
-#include "modenames.h"
+#include "host/modenames.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 // Embedding, from the first line to reading the settings back.
 // Not here: printing them.
-#include "previewdialog.h"
+#include "host/previewdialog.h"
 
-#include "modenames.h"
+#include "host/modenames.h"
 #include "playwidget/playwidget.h"
 
 #include <QVBoxLayout>

@@ -2,8 +2,8 @@
 // Not here: which files there are, and what becomes of the settings.
 #pragma once
 
-#include "mediaengine.h"
-#include "options.h"
+#include "host/mediaengine.h"
+#include "host/options.h"
 
 #include <QDialog>
 

@@ -1,0 +1,211 @@
+// Whole sessions in the host program's dialog: a real window, real input, the real engine.
+// Not here: the program around the dialog (tst_preview_program.cpp).
+#include "engine/mpv/kest_host.h"
+#include "host/previewdialog.h"
+#include "realinput.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QSpinBox>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QTest>
+#include <QToolButton>
+
+#include <memory>
+
+class tst_PreviewSession : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void okKeepsTheSettingsAndAppliesThemToAll();
+    void cancelBringsEveryFileBack();
+    void escapeBringsEveryFileBack();
+    void hidingStopsAndDropsTheEdit();
+
+private:
+    template <typename Widget> Widget *child(const char *name) const
+    {
+        return m_dialog->findChild<Widget *>(QLatin1String(name));
+    }
+    static QPoint middle(const QWidget *widget)
+    {
+        return widget->mapToGlobal(widget->rect().center());
+    }
+    void showOverlay() const;
+    void chooseRedCyan() const;
+    void dragDepth() const;
+    void step(const char *button, const QString &arrivesAt) const;
+    void editTwoFiles() const;
+    tagKestFilterInfo kept(int fileId) const;
+    void compareKept(int fileId, int mode, double depth) const;
+
+    std::unique_ptr<MediaEngine> m_engine;
+    std::unique_ptr<PreviewDialog> m_dialog;
+};
+
+void tst_PreviewSession::init()
+{
+    m_engine = std::make_unique<MediaEngine>(QStringLiteral("null"));
+    QVERIFY(m_engine->handle());
+    QVector<MediaFile> files;
+    for (const char *path : {SAMPLES "/depth.mkv", SAMPLES "/tone.ogg", SAMPLES "/depth.mkv"})
+        files.append(m_engine->add(QString::fromUtf8(path)));
+    QVERIFY(files.at(1).audioOnly);
+
+    m_dialog = std::make_unique<PreviewDialog>(*m_engine, files, Options());
+    m_dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
+    RealInput::focus(m_dialog->winId());
+    m_dialog->start();
+    QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("depth.mkv"));
+}
+
+void tst_PreviewSession::cleanup()
+{
+    m_dialog.reset();
+    m_engine.reset();
+}
+
+void tst_PreviewSession::showOverlay() const
+{
+    RealInput::moveTo(m_dialog->mapToGlobal(QPoint(100, 100)));
+    RealInput::moveTo(m_dialog->mapToGlobal(QPoint(110, 110)));
+    QTRY_VERIFY(child<QWidget>("panPlayControl")->isVisible());
+}
+
+void tst_PreviewSession::chooseRedCyan() const
+{
+    auto *modes = child<QComboBox>("cbx3DMode");
+    RealInput::click(middle(modes));
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    RealInput::key(QStringLiteral("Down"));
+    RealInput::key(QStringLiteral("Return"));
+    QTRY_COMPARE(modes->currentText(), QStringLiteral("Red/Cyan"));
+}
+
+void tst_PreviewSession::dragDepth() const
+{
+    auto *slider = child<QSlider>("effectTracker");
+    QStyleOptionSlider option;
+    option.initFrom(slider);
+    option.maximum = slider->maximum();
+    option.sliderPosition = option.sliderValue = slider->value();
+    const QPoint handle
+        = slider->style()
+              ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider)
+              .center();
+    RealInput::drag(slider->mapToGlobal(handle), slider->mapToGlobal(handle + QPoint(30, 0)));
+}
+
+void tst_PreviewSession::step(const char *button, const QString &arrivesAt) const
+{
+    showOverlay();
+    RealInput::click(middle(child<QToolButton>(button)));
+    QTRY_COMPARE(child<QLabel>("lblFileName")->text(), arrivesAt);
+}
+
+// Leaves the first file edited and kept, by stepping away, and the panel showing it again.
+void tst_PreviewSession::editTwoFiles() const
+{
+    chooseRedCyan();
+    QCOMPARE(child<QSpinBox>("edt3DPos")->value(), -2);
+    QCOMPARE(child<QSlider>("effectTracker")->value(), 48);
+
+    dragDepth();
+    const int steps = child<QSpinBox>("edt3DPos")->value();
+    QVERIFY(steps > 5);
+    QCOMPARE(child<QSlider>("effectTracker")->value(), steps + 50);
+    tagKestFilterInfo draft = {};
+    QTRY_VERIFY(KestGetFilter(m_engine->handle(), 9, &draft) == KestOk
+                && draft.depth == steps * 0.006);  // the second sending brings the new depth
+    QCOMPARE(draft.mode, int(Kest3DRedCyan));
+
+    step("btnNextFile", QStringLiteral("tone.ogg"));
+    QCOMPARE(child<QComboBox>("cbx3DMode")->currentText(), QStringLiteral("Turn off 3D"));
+    step("btnPriorFile", QStringLiteral("depth.mkv"));
+    QCOMPARE(child<QComboBox>("cbx3DMode")->currentText(), QStringLiteral("Red/Cyan"));
+    QCOMPARE(child<QSpinBox>("edt3DPos")->value(), steps);
+    QTest::qWait(250);  // a change is sent again within 200 ms, and a way out must not overtake it
+}
+
+tagKestFilterInfo tst_PreviewSession::kept(int fileId) const
+{
+    tagKestFilterInfo info = {};
+    KestGetFilter2(m_engine->handle(), fileId, 9, &info);
+    return info;
+}
+
+void tst_PreviewSession::compareKept(int fileId, int mode, double depth) const
+{
+    const tagKestFilterInfo info = kept(fileId);
+    QCOMPARE(info.mode, mode);
+    QCOMPARE(double(info.depth), depth);
+}
+
+void tst_PreviewSession::okKeepsTheSettingsAndAppliesThemToAll()
+{
+    editTwoFiles();
+    const double depth = child<QSpinBox>("edt3DPos")->value() * 0.006;
+    RealInput::click(m_dialog->mapToGlobal(
+        child<QCheckBox>("chxApplyToAll")->mapTo(m_dialog.get(), QPoint(10, 10))));
+    QTRY_VERIFY(child<QCheckBox>("chxApplyToAll")->isChecked());
+    QSignalSpy accepted(m_dialog.get(), &QDialog::accepted);
+    RealInput::click(middle(child<QDialogButtonBox>("buttonBox")->button(QDialogButtonBox::Ok)));
+    QTRY_COMPARE(accepted.count(), 1);
+
+    for (int fileId : {1, 2, 3})
+        compareKept(fileId, Kest3DRedCyan, depth);
+    QCOMPARE(m_dialog->settings().count(QStringLiteral("red-cyan\t%1\tchanged").arg(depth)), 3);
+    QCOMPARE(m_dialog->errors(), QString());
+}
+
+void tst_PreviewSession::cancelBringsEveryFileBack()
+{
+    editTwoFiles();
+    QSignalSpy rejected(m_dialog.get(), &QDialog::rejected);
+    RealInput::click(
+        middle(child<QDialogButtonBox>("buttonBox")->button(QDialogButtonBox::Cancel)));
+    QTRY_COMPARE(rejected.count(), 1);
+
+    compareKept(1, Kest3DTurnOff, 0.0);
+    compareKept(2, Kest3DTurnOff, 0.0);
+    QCOMPARE(m_dialog->settings().count(QStringLiteral("off\t0\tunchanged")), 3);
+    QCOMPARE(m_dialog->errors(), QString());
+}
+
+void tst_PreviewSession::escapeBringsEveryFileBack()
+{
+    editTwoFiles();
+    QSignalSpy rejected(m_dialog.get(), &QDialog::rejected);
+    RealInput::key(QStringLiteral("Escape"));
+    QTRY_VERIFY(rejected.count() >= 1);
+
+    compareKept(1, Kest3DTurnOff, 0.0);
+    QCOMPARE(m_dialog->settings().count(QStringLiteral("off\t0\tunchanged")), 3);
+    QCOMPARE(m_dialog->errors(), QString());
+}
+
+void tst_PreviewSession::hidingStopsAndDropsTheEdit()
+{
+    chooseRedCyan();
+    QTest::qWait(250);
+    m_dialog->hide();
+
+    QCOMPARE(KestPause(m_engine->handle()), int(KestErrorNoEdit));
+    compareKept(1, Kest3DTurnOff, 0.0);  // the edit is dropped
+    QCOMPARE(m_dialog->settings().count(QStringLiteral("red-cyan\t-0.012\tchanged")), 1);
+    QCOMPARE(m_dialog->errors(), QString());
+}
+
+QTEST_MAIN(tst_PreviewSession)
+#include "tst_preview_session.moc"
