@@ -8,48 +8,51 @@
 #include <QStringList>
 #include <QTest>
 
-/// Every call returns when the X server has taken the input; the program under test has still to
+/// Input by xdotool. Every call returns when the X server has taken the input; the program under test has still to
 /// react, so assert with QTRY_.
 namespace RealInput {
 
-inline void run(const QStringList &arguments)
+/// What xdotool prints for `arguments`; the test fails when it does not succeed.
+inline QString answer(const QStringList &arguments)
 {
     QProcess xdotool;
     xdotool.start(QStringLiteral("xdotool"), arguments);
-    QTRY_COMPARE(xdotool.state(), QProcess::NotRunning);
-    QCOMPARE(xdotool.exitCode(), 0);
+    const auto ended = [&xdotool] { return xdotool.state() == QProcess::NotRunning; };
+    if (!QTest::qWaitFor(ended, 10000) || xdotool.exitCode() != 0)
+        QTest::qFail(qPrintable(arguments.join(QLatin1Char(' '))), __FILE__, __LINE__);
+    return QString::fromUtf8(xdotool.readAllStandardOutput());
 }
 
 inline void moveTo(QPoint place)
 {
-    run({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
+    answer({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())});
 }
 
 inline void click(QPoint place)
 {
     moveTo(place);
-    run({QStringLiteral("click"), QStringLiteral("1")});
+    answer({QStringLiteral("click"), QStringLiteral("1")});
 }
 
 /// Presses at one place and releases at another, with a stop half-way.
 inline void drag(QPoint from, QPoint to)
 {
     moveTo(from);
-    run({QStringLiteral("mousedown"), QStringLiteral("1")});
+    answer({QStringLiteral("mousedown"), QStringLiteral("1")});
     moveTo((from + to) / 2);
     moveTo(to);
-    run({QStringLiteral("mouseup"), QStringLiteral("1")});
+    answer({QStringLiteral("mouseup"), QStringLiteral("1")});
 }
 
 /// `name` as X calls the key: "Escape", "Down", "Return".
 inline void key(const QString &name)
 {
-    run({QStringLiteral("key"), name});
+    answer({QStringLiteral("key"), name});
 }
 
 inline void focus(WId window)
 {
-    run({QStringLiteral("windowfocus"), QString::number(window)});
+    answer({QStringLiteral("windowfocus"), QString::number(window)});
 }
 
 }  // namespace RealInput

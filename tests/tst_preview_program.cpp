@@ -1,0 +1,228 @@
+// The preview program from outside: started, used by mouse and keys, judged by screen and output.
+// Not here: what goes on inside its window (tst_preview_session.cpp).
+#include "engine/mpv/stereocomposer.h"
+#include "realinput.h"
+
+#include <QGuiApplication>
+#include <QProcess>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+
+class tst_PreviewProgram : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void playsSeeksShowsRedCyanAndPrintsTheSettings();
+    void cancelPrintsNothingAndExitsWith1();
+    void wrongUsageExitsWith2();
+    void wrongUsageExitsWith2_data();
+    void fileThatCannotBePlayedIsNamedAndExitsWith3();
+    void writesADemonstrationPicture();
+
+private:
+    void start(const QStringList &arguments);
+    void openWindow(const QStringList &arguments);
+    QImage grab(const QRect &part) const;
+    QImage grabPicture() const { return grab(picture); }
+    QImage settledPicture() const;
+    QImage filmFrame(const char *time) const;
+    void waitForExit(int status);
+
+    // Places inside the window, whose layout is fixed.
+    const QRect window = {0, 0, 702, 585};
+    const QRect picture = {0, 66, 702, 395};  // of a 16:9 film
+    const QPoint playButton = {448, 411};
+    const QPoint position = {236, 435};  // of the slider's handle at 0
+    const QPoint besidePicture = {400, 556};
+    const QPoint modes = {100, 556};
+    const QPoint ok = {567, 555};
+
+    QProcess m_program;
+    QPoint m_origin;
+    QTemporaryDir m_folder;
+};
+
+void tst_PreviewProgram::start(const QStringList &arguments)
+{
+    m_program.start(QStringLiteral(PREVIEW),
+                    QStringList{QStringLiteral("--audio-output"), QStringLiteral("null")}
+                        + arguments);
+    QVERIFY(m_program.waitForStarted());
+}
+
+void tst_PreviewProgram::openWindow(const QStringList &arguments)
+{
+    start(arguments);
+    const QString id = RealInput::answer({QStringLiteral("search"), QStringLiteral("--sync"),
+                                          QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
+                                          QString::number(m_program.processId())});
+    RealInput::focus(id.trimmed().toULongLong());
+    const QString geometry = RealInput::answer(
+        {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id.trimmed()});
+    const auto number = [&geometry](const QString &key) {
+        return geometry.section(key + QLatin1Char('='), 1).section(QLatin1Char('\n'), 0, 0).toInt();
+    };
+    m_origin = {number(QStringLiteral("X")), number(QStringLiteral("Y"))};
+    QCOMPARE(number(QStringLiteral("WIDTH")), window.width());
+    QCOMPARE(number(QStringLiteral("HEIGHT")), window.height());
+}
+
+void tst_PreviewProgram::cleanup()
+{
+    m_program.kill();
+    m_program.waitForFinished();
+}
+
+QImage tst_PreviewProgram::grab(const QRect &part) const
+{
+    const QRect onScreen = part.translated(m_origin);
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(0, onScreen.x(), onScreen.y(), onScreen.width(), onScreen.height())
+        .toImage()
+        .convertToFormat(QImage::Format_RGB32);
+}
+
+// What the picture has come to once two looks at it are the same.
+QImage tst_PreviewProgram::settledPicture() const
+{
+    QImage before;
+    QImage now = grabPicture();
+    for (int tries = 0; now != before && tries < 50; ++tries) {
+        before = now;
+        QTest::qWait(60);
+        now = grabPicture();
+    }
+    return now;
+}
+
+QImage tst_PreviewProgram::filmFrame(const char *time) const
+{
+    const QString file = m_folder.filePath(QStringLiteral("frame.png"));
+    QProcess::execute(QStringLiteral("ffmpeg"),
+                      {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"),
+                       QStringLiteral("-ss"), QString::fromLatin1(time), QStringLiteral("-i"),
+                       QStringLiteral(SAMPLES "/depth.mkv"), QStringLiteral("-frames:v"),
+                       QStringLiteral("1"), QStringLiteral("-vf"), QStringLiteral("scale=702:395"),
+                       file});
+    return QImage(file).convertToFormat(QImage::Format_RGB32);
+}
+
+static double meanDifference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size())
+        return 255;
+    qint64 sum = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            sum += qAbs(qRed(p) - qRed(q)) + qAbs(qGreen(p) - qGreen(q))
+                + qAbs(qBlue(p) - qBlue(q));
+        }
+    }
+    return double(sum) / (3.0 * a.width() * a.height());
+}
+
+void tst_PreviewProgram::waitForExit(int status)
+{
+    QTRY_COMPARE(m_program.state(), QProcess::NotRunning);
+    QCOMPARE(m_program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(m_program.exitCode(), status);
+}
+
+void tst_PreviewProgram::playsSeeksShowsRedCyanAndPrintsTheSettings()
+{
+    openWindow({QStringLiteral(SAMPLES "/depth.mkv")});
+    RealInput::moveTo(m_origin + besidePicture);
+    const QImage first = grabPicture();
+    QTRY_VERIFY(meanDifference(first, grabPicture()) > 0.1);  // it plays
+
+    RealInput::moveTo(m_origin + picture.center());
+    RealInput::moveTo(m_origin + playButton);
+    RealInput::click(m_origin + playButton);
+    RealInput::moveTo(m_origin + besidePicture);
+    const QImage paused = settledPicture();
+
+    // From wherever the handle stands: a press on the groove moves it, so grab it at the left end.
+    RealInput::moveTo(m_origin + playButton);
+    RealInput::click(m_origin + position + QPoint(3, 0));
+    RealInput::drag(m_origin + position + QPoint(3, 0), m_origin + position + QPoint(116, 0));
+    RealInput::moveTo(m_origin + besidePicture);
+    QTRY_VERIFY(meanDifference(paused, grabPicture()) > 1);
+    const QImage sought = settledPicture();
+    QVERIFY2(meanDifference(sought, filmFrame("6.04")) < 2.5,
+             qPrintable(QString::number(meanDifference(sought, filmFrame("6.04")))));
+
+    RealInput::click(m_origin + modes);
+    RealInput::key(QStringLiteral("Down"));
+    RealInput::key(QStringLiteral("Return"));
+    const QImage redCyan = compose({sought, 0, 0}, {Kest3DRedCyan, -0.012}).picture;
+    QTRY_VERIFY(grabPicture() == redCyan);
+
+    RealInput::click(m_origin + ok);
+    waitForExit(0);
+    QCOMPARE(QString::fromUtf8(m_program.readAllStandardOutput()),
+             QStringLiteral("red-cyan\t-0.012\tchanged\t" SAMPLES "/depth.mkv\n"));
+}
+
+void tst_PreviewProgram::cancelPrintsNothingAndExitsWith1()
+{
+    openWindow({QStringLiteral(SAMPLES "/depth.mkv")});
+    RealInput::moveTo(m_origin + besidePicture);
+    RealInput::key(QStringLiteral("Escape"));
+    waitForExit(1);
+    QCOMPARE(m_program.readAllStandardOutput(), QByteArray());
+}
+
+void tst_PreviewProgram::wrongUsageExitsWith2_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("complaint");
+    const QString film = QStringLiteral(SAMPLES "/depth.mkv");
+    QTest::newRow("no file") << QStringList() << QStringLiteral("name at least one film");
+    QTest::newRow("unknown mode") << QStringList{QStringLiteral("--mode"), QStringLiteral("blue"),
+                                                 film}
+                                  << QStringLiteral("there is no 3D mode \"blue\"");
+    QTest::newRow("depth too large")
+        << QStringList{QStringLiteral("--depth"), QStringLiteral("0.4"), film}
+        << QStringLiteral("\"0.4\" is not a number from -0.3 to 0.3");
+    QTest::newRow("depth no number")
+        << QStringList{QStringLiteral("--depth"), QStringLiteral("nan"), film}
+        << QStringLiteral("\"nan\" is not a number from -0.3 to 0.3");
+}
+
+void tst_PreviewProgram::wrongUsageExitsWith2()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, complaint);
+    start(arguments);
+    waitForExit(2);
+    const QString said = QString::fromUtf8(m_program.readAllStandardError());
+    QVERIFY2(said.contains(complaint), qPrintable(said));
+}
+
+void tst_PreviewProgram::fileThatCannotBePlayedIsNamedAndExitsWith3()
+{
+    openWindow({QStringLiteral("/no/such/film.mkv")});
+    RealInput::click(m_origin + ok);
+    waitForExit(3);
+    const QString said = QString::fromUtf8(m_program.readAllStandardError());
+    QVERIFY2(said.contains(QStringLiteral("/no/such/film.mkv: ")), qPrintable(said));
+    QVERIFY2(said.contains(QStringLiteral("ERROR: KestPlay function failed. [Code: -7]")),
+             qPrintable(said));
+}
+
+void tst_PreviewProgram::writesADemonstrationPicture()
+{
+    const QString file = m_folder.filePath(QStringLiteral("shot.png"));
+    start({QStringLiteral("--demo-screenshot"), file, QStringLiteral(SAMPLES "/depth.mkv")});
+    waitForExit(0);
+    QCOMPARE(QImage(file).size(), window.size());
+}
+
+QTEST_MAIN(tst_PreviewProgram)
+#include "tst_preview_program.moc"
