@@ -31,6 +31,7 @@ private Q_SLOTS:
     void cancelBringsEveryFileBack();
     void escapeBringsEveryFileBack();
     void hidingStopsAndDropsTheEdit();
+    void soundOnlyFileStandsOnBlackAfterAFilm();
 
 private:
     template <typename Widget> Widget *child(const char *name) const
@@ -205,6 +206,16 @@ void tst_PreviewSession::hidingStopsAndDropsTheEdit()
     compareKept(1, Kest3DTurnOff, 0.0);  // the edit is dropped
     QCOMPARE(m_dialog->settings().count(QStringLiteral("red-cyan\t-0.012\tchanged")), 1);
     QCOMPARE(m_dialog->errors(), QString());
+}
+
+// The music picture covers a part of the video only, and the bar over it is translucent: whatever
+// is not painted afresh shows through.
+void tst_PreviewSession::soundOnlyFileStandsOnBlackAfterAFilm()
+{
+    const auto corner = [this] { return m_dialog->grab().toImage().pixel(20, 300); };
+    QTRY_VERIFY(corner() != qRgb(0, 0, 0));
+    step("btnNextFile", QStringLiteral("tone.ogg"));
+    QTRY_COMPARE(corner(), qRgb(0, 0, 0));
 }
 
 QTEST_MAIN(tst_PreviewSession)

@@ -36,6 +36,7 @@ public:
 
 private:
     void takeFrame();
+    void setShown(const Mailbox::Letter &letter);
     void publishArea();
     void paint(const QRegion &exposed);
     void paintBlack(QPainter &painter, const QRegion &exposed) const;

@@ -30,7 +30,10 @@ CVideoWnd::CVideoWnd(QWidget *parent, Qt::WindowFlags flags)
     : QWidget(parent, flags)
     , m_view(new VideoView(this))
 {
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    QPalette black;
+    black.setColor(QPalette::Window, Qt::black);
+    setPalette(black);
+    setAutoFillBackground(true);
     setMouseTracking(true);
 }
 
@@ -76,7 +79,7 @@ void VideoView::show(const std::shared_ptr<Mailbox> &mailbox)
 
 void VideoView::blank()
 {
-    m_shown = {};
+    setShown({});
     m_blankedIn = m_mailbox ? m_mailbox->epoch() : 0;
     m_window->update();
 }
@@ -85,7 +88,7 @@ void VideoView::forget()
 {
     if (m_mailbox && m_shown.epoch >= m_mailbox->editEpoch() && m_mailbox->editEpoch())
         return;
-    m_shown = {};
+    setShown({});
     m_window->update();
 }
 
@@ -123,11 +126,19 @@ void VideoView::takeFrame()
     if (!letter || letter->epoch <= m_blankedIn)
         return;
     const QSize before = m_shown.frame.picture.size();
-    m_shown = *std::move(letter);
+    setShown(*std::move(letter));
     if (before == m_shown.frame.picture.size())
         m_window->update(outerRect(place(), m_window->devicePixelRatioF()));
     else
         m_window->update();
+}
+
+// With a picture the view paints every pixel itself. Without one Qt lays the black: whoever takes
+// the paint event away then, to show something else, need not.
+void VideoView::setShown(const Mailbox::Letter &letter)
+{
+    m_shown = letter;
+    m_window->setAttribute(Qt::WA_OpaquePaintEvent, !letter.frame.picture.isNull());
 }
 
 void VideoView::publishArea()
@@ -139,18 +150,16 @@ void VideoView::publishArea()
 void VideoView::paint(const QRegion &exposed)
 {
     publishArea();  // on another screen the same window has other pixels, and no event says so
+    if (m_shown.frame.picture.isNull())
+        return;
     QPainter painter(m_window);
     paintBlack(painter, exposed);
-    if (!m_shown.frame.picture.isNull())
-        paintPicture(painter);
+    paintPicture(painter);
 }
 
 void VideoView::paintBlack(QPainter &painter, const QRegion &exposed) const
 {
-    const QRect covered = m_shown.frame.picture.isNull()
-        ? QRect()
-        : innerRect(place(), m_window->devicePixelRatioF());
-    for (const QRect &part : exposed - covered)
+    for (const QRect &part : exposed - innerRect(place(), m_window->devicePixelRatioF()))
         painter.fillRect(part, Qt::black);
 }
 
