@@ -28,6 +28,7 @@ private:
     void openWindow(const QStringList &arguments);
     QImage grab(const QRect &part) const;
     QImage grabPicture() const { return grab(picture); }
+    void showControls() const;
     QImage settledPicture() const;
     QImage filmFrame(const char *time) const;
     void waitForExit(int status);
@@ -86,6 +87,14 @@ QImage tst_PreviewProgram::grab(const QRect &part) const
         .convertToFormat(QImage::Format_RGB32);
 }
 
+// The bar is dark where the film is sand.
+void tst_PreviewProgram::showControls() const
+{
+    RealInput::moveTo(m_origin + picture.center());
+    const auto barLightness = [this] { return qGray(grabPicture().pixel(340, 335)); };
+    QTRY_VERIFY(barLightness() < 80);
+}
+
 // What the picture has come to once two looks at it are the same.
 QImage tst_PreviewProgram::settledPicture() const
 {
@@ -141,14 +150,13 @@ void tst_PreviewProgram::playsSeeksShowsRedCyanAndPrintsTheSettings()
     const QImage first = grabPicture();
     QTRY_VERIFY(meanDifference(first, grabPicture()) > 0.1);  // it plays
 
-    RealInput::moveTo(m_origin + picture.center());
-    RealInput::moveTo(m_origin + playButton);
+    showControls();
     RealInput::click(m_origin + playButton);
     RealInput::moveTo(m_origin + besidePicture);
     settledPicture();
 
     // From wherever the handle stands: a press on the groove moves it, so grab it at the left end.
-    RealInput::moveTo(m_origin + playButton);
+    showControls();
     RealInput::click(m_origin + position + QPoint(3, 0));
     RealInput::drag(m_origin + position + QPoint(3, 0), m_origin + position + QPoint(116, 0));
     RealInput::moveTo(m_origin + besidePicture);
