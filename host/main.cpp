@@ -52,6 +52,11 @@ int run(MediaEngine &engine, const QVector<MediaFile> &files, const Options &opt
 
 int main(int argc, char **argv)
 {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    // Qt 6 does both by itself.
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("playwidget-preview"));
     QApplication::setApplicationVersion(QStringLiteral(PLAYWIDGET_VERSION));
