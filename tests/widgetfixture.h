@@ -1,0 +1,75 @@
+// Player: the facade, what is behind it and the recording engine, fresh for every test.
+// Not here: any test.
+#pragma once
+
+#include "fakekest.h"
+#include "playwidget/playwidget.h"
+#include "playwidget/playwidget_impl.h"
+
+#include <QRegularExpression>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+/// For init() of a test class: from here on, a warning that the test did not announce fails it.
+inline void failOnAnyWarning()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 3, 0)
+    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+#endif
+}
+
+struct Player
+{
+    /// With `count` items of 60 s: file ids 10, 20, 30 ... and names /films/10.avi, /films/20.avi
+    /// ... Nothing is selected yet, and the log is empty.
+    explicit Player(int count = 3, int mode = Kest3DTurnOff, double depth = 0.0)
+        : widget(new PlayWidget)
+        , impl(*widget->m_impl)
+        , ui(impl.ui)
+    {
+        engine.reset();
+        widget->initialize(FakeKest::handle(), Kest3DTurnOff);
+        for (int fileId = 10; fileId <= 10 * count; fileId += 10) {
+            engine.setDuration(fileId, 60000);
+            widget->addPlayItem(fileId, QStringLiteral("/films/%1.avi").arg(fileId), false, mode,
+                                depth);
+        }
+    }
+
+    QStringList calls() { return engine.takeCalls(); }
+
+    /// Starts an item and forgets the calls that this made.
+    void play(int index = 0)
+    {
+        widget->setPlayIndex(index);
+        QCOMPARE(impl.playState, int(PlayWidget_Impl::Playing));
+        calls();
+    }
+
+    void pause()
+    {
+        QVERIFY(impl.pauseVideo());
+        calls();
+    }
+
+    /// An event of the open edit, on this thread.
+    void report(int state, unsigned int time) { engine.sendEvent(0, state, time); }
+
+    /// One tick of a timer, without waiting for it.
+    static void tick(QTimer *timer) { QMetaObject::invokeMethod(timer, "timeout"); }
+
+    void pressPlayTracker() { Q_EMIT ui.playTracker->sliderPressed(); }
+
+    void releasePlayTracker(int value)
+    {
+        ui.playTracker->setValue(value);
+        Q_EMIT ui.playTracker->sliderReleased();
+    }
+
+    FakeKest &engine = FakeKest::instance();
+    std::unique_ptr<PlayWidget> widget;
+    PlayWidget_Impl &impl;
+    Ui_PlayWidget_Impl &ui;
+};
