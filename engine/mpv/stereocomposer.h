@@ -15,9 +15,10 @@
 /// - red/cyan, red/green, red/blue: left eye in red, right eye in the other channels
 /// - blue/yellow: left eye in blue, right eye in red and green
 /// - interleaved: even rows left eye, odd rows right eye
-/// - side by side: left view squeezed into the left half, right view into the right half; of an odd
-///   width the right half has the extra column
+/// - side by side: left view squeezed into the left half, right view into the right half, each column
+///   the mean of what it covers; of an odd width the right half has the extra column
 /// - off and unknown modes: the picture itself, not even copied
 ///
-/// Channels that neither eye uses are 0. The picture must be null or Format_RGB32.
+/// Channels that neither eye uses are 0. The picture must be null or Format_RGB32; its alpha bytes
+/// are not looked at, those of a composed picture are 255.
 Frame compose(const Frame &frame, StereoSetting setting);
