@@ -72,13 +72,13 @@ private:
     const locale_t m_before;
 };
 
-/// mpv_create() asks for the process's locale, not the thread's, and refuses any but "C". Only for
+/// mpv_create() asks for the process's locale, not the thread's, and refuses most but "C". Only for
 /// that moment it is changed, and only where it differs.
 mpv_handle *createHandle()
 {
     const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-    if (mpv_handle *handle = mpv_create())
-        return handle;
+    if (before == "C")
+        return mpv_create();
     std::setlocale(LC_NUMERIC, "C");
     mpv_handle *handle = mpv_create();
     std::setlocale(LC_NUMERIC, before.c_str());

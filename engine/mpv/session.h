@@ -77,7 +77,8 @@ private:
         bool playing = false;
         bool ended = false;  // at the end of the film, and not moved since
         bool failed = false;
-        bool seeking = false;  // a seek is with the player
+        bool seeking = false;   // a seek is with the player
+        bool arriving = false;  // it is done, and the position asked for is on its way
         std::optional<unsigned int> nextSeek = {};
         unsigned int reported = 0;
         QElapsedTimer sinceReport = {};

@@ -100,7 +100,11 @@ void Session::takeReply(const mpv_event &event)
 
 void Session::takeProperty(const mpv_event &event, bool asked)
 {
-    if (event.error < 0 || !playerHasEdit())
+    if (!playerHasEdit())
+        return;
+    if (asked && event.reply_userdata == MpvCore::Position)
+        m_edit->arriving = false;
+    if (event.error < 0)
         return;
     const auto &property = *static_cast<const mpv_event_property *>(event.data);
     if (property.format == MPV_FORMAT_NONE)
@@ -116,7 +120,8 @@ void Session::takeProperty(const mpv_event &event, bool asked)
 void Session::takePosition(double seconds, bool atOnce)
 {
     // Until a seek is done the player may still tell where it was before.
-    if (m_player != Player::Ready || m_edit->seeking || m_edit->nextSeek || m_edit->ended)
+    const bool moving = m_edit->seeking || m_edit->nextSeek || m_edit->arriving;
+    if (m_player != Player::Ready || moving || m_edit->ended)
         return;
     const unsigned int position = withinFilm(std::llround(seconds * 1000));
     const bool due = position != m_edit->reported
@@ -157,6 +162,7 @@ void Session::playbackSettled()
     m_player = Player::Ready;
     m_mailbox->settle();
     if (std::exchange(m_edit->seeking, false)) {
+        m_edit->arriving = true;
         m_core->askPosition();
         m_core->askAtEnd();
     }

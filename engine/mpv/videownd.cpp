@@ -150,9 +150,11 @@ void VideoView::publishArea()
 void VideoView::paint(const QRegion &exposed)
 {
     publishArea();  // on another screen the same window has other pixels, and no event says so
-    if (m_shown.frame.picture.isNull())
-        return;
     QPainter painter(m_window);
+    if (m_shown.frame.picture.isNull()) {
+        painter.fillRect(exposed.boundingRect(), Qt::black);
+        return;
+    }
     paintBlack(painter, exposed);
     paintPicture(painter);
 }

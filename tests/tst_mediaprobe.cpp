@@ -1,0 +1,213 @@
+// MediaProbe: what files are, by their content, and what is refused with which code.
+// Not here: playing them (tst_kest_files.cpp).
+#include "clips.h"
+#include "engine/mpv/mediaprobe.h"
+
+#include <QElapsedTimer>
+#include <QtTest>
+
+#include <random>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+MediaFacts probe(const QString &path)
+{
+    return probeMedia(path.toStdString());
+}
+
+const KestStreamInfo *first(const MediaFacts &facts, int kind)
+{
+    for (const KestStreamInfo &info : facts.streams)
+        if (info.kind == kind)
+            return &info;
+    return nullptr;
+}
+
+}  // namespace
+
+class tst_MediaProbe : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_clips.valid());
+        m_film = m_clips.make("film.mp4",
+                              "-f lavfi -i testsrc=s=64x48:r=25:d=2 -f lavfi -i sine=d=2:r=48000 "
+                              "-ac 2 -c:v libx264 -pix_fmt yuv420p -c:a aac");
+        QVERIFY(!m_film.isEmpty());
+    }
+
+    void tellsDurationAndStreamsOfAFilm()
+    {
+        const MediaFacts facts = probe(m_film);
+        QCOMPARE(facts.code, int(KestOk));
+        QVERIFY2(qAbs(facts.duration - 2000) <= 30, qPrintable(QString::number(facts.duration)));
+        QCOMPARE(facts.streams.size(), std::size_t(2));
+        const KestStreamInfo *picture = first(facts, KestStreamPicture);
+        QCOMPARE(picture->width, 64);
+        QCOMPARE(picture->height, 48);
+        QCOMPARE(picture->rotation, 0);
+        QCOMPARE(picture->aspectNumerator, picture->aspectDenominator);
+        QCOMPARE(picture->frameRateNumerator, 25 * picture->frameRateDenominator);
+        QCOMPARE(picture->duration, 2000LL);
+        QCOMPARE(picture->codec, "h264");
+        const KestStreamInfo *sound = first(facts, KestStreamSound);
+        QCOMPARE(sound->sampleRate, 48000);
+        QCOMPARE(sound->channels, 2);
+        QCOMPARE(sound->width, 0);
+        QCOMPARE(facts.shape.size, QSizeF(64, 48));
+    }
+
+    void tellsTheShapeOfTurnedAndAnamorphicPictures()
+    {
+        const QString wide = m_clips.make("wide.mkv",
+                                          "-f lavfi -i testsrc=s=64x48:r=25:d=1 -vf "
+                                          "setsar=2 -c:v ffv1");
+        const MediaFacts anamorphic = probe(wide);
+        QCOMPARE(anamorphic.shape.size, QSizeF(128, 48));
+        QCOMPARE(first(anamorphic, KestStreamPicture)->aspectNumerator, 2);
+
+        // ffmpeg counts this one the other way round.
+        const QString turned
+            = m_clips.make("turned.mp4", "-i film.mp4 -c copy -metadata:s:v:0 rotate=270");
+        const MediaFacts facts = probe(turned);
+        QCOMPARE(facts.shape.rotation, 90);
+        QCOMPARE(facts.shape.upright(), QSizeF(48, 64));
+        QCOMPARE(first(facts, KestStreamPicture)->rotation, 90);
+    }
+
+    void soundWithACoverHasNoPicture()
+    {
+        QVERIFY(!m_clips.make("cover.png", "-f lavfi -i color=red:s=32x32 -frames:v 1").isEmpty());
+        const QString song = m_clips.make("song.mp3",
+                                          "-f lavfi -i sine=d=1 -i cover.png -map 0 "
+                                          "-map 1 -c:v copy -disposition:v attached_pic");
+        const MediaFacts facts = probe(song);
+        QCOMPARE(facts.code, int(KestOk));
+        QVERIFY(facts.shape.size.isEmpty());
+        QVERIFY(qAbs(facts.duration - 1000) < 60);
+    }
+
+    void aDurationThatTheFileDoesNotSayIsZero()
+    {
+        const QString raw
+            = m_clips.make("raw.h264", "-f lavfi -i testsrc=s=64x48:r=25:d=1 -c:v libx264 -f h264");
+        const MediaFacts facts = probe(raw);
+        QCOMPARE(facts.code, int(KestOk));
+        QCOMPARE(facts.duration, 0LL);
+    }
+
+    void refusesWhatIsNoFile()
+    {
+        QCOMPARE(probe(m_clips.path("missing.mp4")).code, int(KestErrorNotFound));
+        QCOMPARE(probe(m_film + "/inside.mp4").code, int(KestErrorNotFound));
+        QCOMPARE(probe("").code, int(KestErrorNotFound));
+        QCOMPARE(probe(QString(5000, 'x')).code, int(KestErrorNotFound));
+        QCOMPARE(probe(m_clips.path(".")).code, int(KestErrorNotAFile));
+        QCOMPARE(probe("/dev/zero").code, int(KestErrorNotAFile));
+        const QString pipe = m_clips.path("pipe");
+        QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(probe(pipe).code, int(KestErrorNotAFile));
+        QVERIFY(time.elapsed() < 1000);
+        QCOMPARE(probe(m_clips.write("empty.mp4", {})).code, int(KestErrorEmpty));
+    }
+
+    void refusesWhatMayNotBeRead()
+    {
+        const QString secret = m_clips.write("secret.mp4", Clips::read(m_film));
+        QCOMPARE(chmod(secret.toLocal8Bit().constData(), 0), 0);
+        if (geteuid() == 0)
+            QSKIP("root may read everything");
+        QCOMPARE(probe(secret).code, int(KestErrorUnreadable));
+    }
+
+    void refusesWhatIsNoMedia_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("text") << QByteArray("Not a film at all.\n").repeated(100);
+        QTest::newRow("one byte") << QByteArray("x");
+        QTest::newRow("zeros") << QByteArray(100000, 0);
+        QTest::newRow("m3u") << QByteArray("#EXTM3U\n#EXTINF:1,a\nfilm.mp4\n");
+        QTest::newRow("hls") << QByteArray("#EXTM3U\n#EXT-X-TARGETDURATION:2\n#EXT-X-VERSION:3\n"
+                                           "#EXTINF:2,\nfilm.mp4\n#EXT-X-ENDLIST\n");
+        QTest::newRow("concat") << QByteArray("ffconcat version 1.0\nfile film.mp4\n");
+        QTest::newRow("edl") << QByteArray("# mpv EDL v0\nfilm.mp4\n");
+        QTest::newRow("cue") << QByteArray("FILE \"film.mp4\" WAVE\n  TRACK 01 AUDIO\n    INDEX 01 "
+                                           "00:00:00\n");
+        QTest::newRow("pls") << QByteArray("[playlist]\nFile1=film.mp4\nNumberOfEntries=1\n");
+        QTest::newRow("srt")
+            << QByteArray("1\n00:00:01,000 --> 00:00:02,000\nHello\n\n").repeated(9);
+        QTest::newRow("ass") << QByteArray("[Script Info]\nScriptType: v4.00+\n[Events]\n");
+        QTest::newRow("webvtt") << QByteArray("WEBVTT\n\n00:01.000 --> 00:02.000\nHello\n");
+        QTest::newRow("sdp") << QByteArray(
+            "v=0\no=- 0 0 IN IP4 127.0.0.1\ns=x\nc=IN IP4 127.0.0.1\n"
+            "t=0 0\nm=audio 5004 RTP/AVP 0\n");
+        QTest::newRow("dash") << QByteArray("<?xml version=\"1.0\"?><MPD "
+                                            "xmlns=\"urn:mpeg:dash:schema:mpd:2011\"></MPD>");
+    }
+    void refusesWhatIsNoMedia()
+    {
+        QFETCH(QByteArray, content);
+        // The suffix of a film must not make one.
+        const MediaFacts facts = probe(m_clips.write("text.mp4", content));
+        QCOMPARE(facts.code, int(KestErrorNotMedia));
+        QCOMPARE(facts.streams.size(), std::size_t(0));
+    }
+
+    void refusesStillPictures()
+    {
+        for (const char *name :
+             {"still.png", "still.jpg", "still.bmp", "still.webp", "still.tiff"}) {
+            const QString still = m_clips.make(name, "-f lavfi -i testsrc=s=32x32 -frames:v 1");
+            if (!still.isEmpty())
+                QCOMPARE(probe(still).code, int(KestErrorNotMedia));
+        }
+    }
+
+    void refusesRandomBytes()
+    {
+        for (unsigned seed = 1; seed <= 20; ++seed) {
+            std::mt19937 random(seed);
+            QByteArray bytes(200000, Qt::Uninitialized);
+            for (char &byte : bytes)
+                byte = char(random());
+            QCOMPARE(probe(m_clips.write("random.mp4", bytes)).code, int(KestErrorNotMedia));
+        }
+    }
+
+    void aFilmWithoutItsIndexIsNoMedia()
+    {
+        const QByteArray whole = Clips::read(m_film);  // the index lies at its end
+        QCOMPARE(probe(m_clips.write("cut.mp4", whole.left(whole.size() / 2))).code,
+                 int(KestErrorNotMedia));
+    }
+
+    void examinesAFileAgainOnlyAfterItHasChanged()
+    {
+        MediaProbe probes;
+        const std::string path = m_clips.write("changing.mp4", Clips::read(m_film)).toStdString();
+        const KestStreamInfo *records = probes.facts(1, path).streams.data();
+        QCOMPARE(probes.facts(1, path).streams.data(), records);
+        QCOMPARE(probes.facts(1, path).code, int(KestOk));
+        m_clips.write("changing.mp4", "no film any more");
+        QCOMPARE(probes.facts(1, path).code, int(KestErrorNotMedia));
+        QVERIFY(QFile::remove(m_clips.path("changing.mp4")));
+        QCOMPARE(probes.facts(1, path).code, int(KestErrorNotFound));
+        m_clips.write("changing.mp4", Clips::read(m_film));
+        QCOMPARE(probes.facts(1, path).code, int(KestOk));
+    }
+
+private:
+    Clips m_clips;
+    QString m_film;
+};
+
+QTEST_GUILESS_MAIN(tst_MediaProbe)
+#include "tst_mediaprobe.moc"
