@@ -1,11 +1,12 @@
 # playwidget_test(<name> [SOURCES <file>...] [LIBRARIES <target>...] [PLATFORM <qpa platform>]
-#                 [TIMEOUT <seconds>])
+#                 [TIMEOUT <seconds>] [SCALES <factor>...])
 #
 # Builds <name>.cpp and SOURCES into a Qt Test program and registers it with CTest. It runs on Qt's
 # offscreen platform unless PLATFORM names another; with xcb it gets an X display of its own, so that
-# tests with real windows and a real mouse can run side by side.
+# tests with real windows and a real mouse can run side by side. With SCALES it is registered once
+# for each density of the screen, under its name and the factor.
 function(playwidget_test name)
-  cmake_parse_arguments(arg "" "PLATFORM;TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "" "PLATFORM;TIMEOUT" "SOURCES;LIBRARIES;SCALES" ${ARGN})
   if(NOT arg_PLATFORM)
     set(arg_PLATFORM offscreen)
   endif()
@@ -21,8 +22,17 @@ function(playwidget_test name)
   if(arg_PLATFORM STREQUAL "xcb")
     set(display xvfb-run --auto-servernum --server-args "-screen 0 1280x1024x24")
   endif()
-  add_test(NAME ${name} COMMAND ${display} $<TARGET_FILE:${name}>)
-  set_tests_properties(${name} PROPERTIES
-    TIMEOUT ${arg_TIMEOUT}
-    ENVIRONMENT "QT_QPA_PLATFORM=${arg_PLATFORM};QT_SCALE_FACTOR=1;QT_FATAL_WARNINGS=0;LC_ALL=C.UTF-8")
+  if(NOT arg_SCALES)
+    set(arg_SCALES 1)
+  endif()
+  foreach(scale IN LISTS arg_SCALES)
+    set(test ${name})
+    if(NOT scale EQUAL 1)
+      string(APPEND test _${scale}x)
+    endif()
+    add_test(NAME ${test} COMMAND ${display} $<TARGET_FILE:${name}>)
+    set_tests_properties(${test} PROPERTIES
+      TIMEOUT ${arg_TIMEOUT}
+      ENVIRONMENT "QT_QPA_PLATFORM=${arg_PLATFORM};QT_SCALE_FACTOR=${scale};LC_ALL=C.UTF-8")
+  endforeach()
 endfunction()
