@@ -7,6 +7,8 @@
 #include <QtTest>
 
 #include <clocale>
+#include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -62,16 +64,39 @@ private Q_SLOTS:
                         {"-i", "de_DE", "-f", "UTF-8", folder.filePath("de_DE.UTF-8")});
         if (!localedef.waitForFinished() || localedef.exitCode() > 1)
             QSKIP("localedef cannot make de_DE.UTF-8 here");
-        qputenv("LOCPATH", folder.path().toLocal8Bit());
-        QVERIFY(std::setlocale(LC_ALL, "de_DE.UTF-8"));
-        QCOMPARE(std::localeconv()->decimal_point, ",");
-        QVERIFY(MpvCore::open("null"));
-        QCOMPARE(std::setlocale(LC_NUMERIC, nullptr), "de_DE.UTF-8");
-        QCOMPARE(std::localeconv()->decimal_point, ",");
-        std::setlocale(LC_ALL, "C");
-        qunsetenv("LOCPATH");
+        QProcess child;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("LOCPATH", folder.path());
+        environment.insert("LC_ALL", "de_DE.UTF-8");
+        environment.insert("LSAN_OPTIONS", "detect_leaks=0");  // setlocale() itself leaks
+        child.setProcessEnvironment(environment);
+        child.setProcessChannelMode(QProcess::MergedChannels);
+        child.start(QCoreApplication::applicationFilePath(), {"open-under-a-decimal-comma"});
+        QVERIFY(child.waitForFinished());
+        QCOMPARE(child.readAll(), QByteArray("opened\n"));
     }
 };
 
-QTEST_GUILESS_MAIN(tst_MpvCore)
+/// The part of opensUnderADecimalComma() that needs a process of its own.
+static void openUnderADecimalComma()
+{
+    const char *const name = std::setlocale(LC_ALL, "");
+    const std::string before = name ? name : "";
+    const bool comma = *std::localeconv()->decimal_point == ',';
+    const bool opened = MpvCore::open("null") != nullptr;
+    const bool kept
+        = before == std::setlocale(LC_NUMERIC, nullptr) && *std::localeconv()->decimal_point == ',';
+    std::puts(!comma ? "no comma" : !opened ? "not opened" : !kept ? "locale changed" : "opened");
+}
+
+int main(int argc, char *argv[])
+{
+    if (argc == 2 && !std::strcmp(argv[1], "open-under-a-decimal-comma")) {
+        openUnderADecimalComma();
+        return 0;
+    }
+    QCoreApplication application(argc, argv);
+    tst_MpvCore test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_mpvcore.moc"
