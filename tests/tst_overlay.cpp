@@ -474,8 +474,9 @@ void tst_Overlay::crossesWidthAndHeight_data()
     QTest::newRow("tall") << QSize(300, 400) << QPoint(150, 110);
     QTest::newRow("square") << QSize(300, 300) << QPoint(100, 110);
     QTest::newRow("halves") << QSize(401, 301) << QPoint(100, 160);
-    // Quotients go toward zero also below it: -35 / 2 is -17, -25 / 2 is -12.
-    QTest::newRow("smaller than the picture") << QSize(55, 65) << QPoint(-17, -12);
+    // Quotients go toward zero also below it: -5 / 2 is -2.
+    QTest::newRow("lower than the picture's width") << QSize(101, 95) << QPoint(-2, 10);
+    QTest::newRow("narrower than the picture's height") << QSize(75, 95) << QPoint(-2, -2);
 }
 
 void tst_Overlay::crossesWidthAndHeight()

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void startsAtDepthZero();
     void readsModesFromEntries();
     void readsModesByDataAfterARemoval();
+    void showsTheFirstEntryOfAMode();
     void showsModes_data();
     void showsModes();
     void ignoresModesWithoutEntry_data();
@@ -175,6 +176,14 @@ void tst_Panel3D::readsModesByDataAfterARemoval()
     QCOMPARE(player.ui.cbx3DMode->currentIndex(), 5);
     player.impl.movie3DModeToUI(Kest3DRedGreen);
     QCOMPARE(player.ui.cbx3DMode->currentIndex(), 5);
+}
+
+void tst_Panel3D::showsTheFirstEntryOfAMode()
+{
+    Player player;
+    player.ui.cbx3DMode->addItem("Red/Cyan again", 4);
+    player.impl.movie3DModeToUI(Kest3DRedCyan);
+    QCOMPARE(player.ui.cbx3DMode->currentIndex(), 1);
 }
 
 void tst_Panel3D::showsModes_data()
