@@ -29,8 +29,8 @@ enum tagKest3DMode {
 /// An event of the open edit, handed to the KestEventCallback.
 struct tagKestEvent
 {
-    int eventType;  ///< 0: a play-state event, the only kind there is so far
-    int state;  ///< 5: the film has ended; 7: a tick; any other: playing at `time`
+    int eventType;      ///< 0: a play-state event, the only kind there is so far
+    int state;          ///< 5: the film has ended; 7: a tick; any other: playing at `time`
     unsigned int time;  ///< play position in ms
 };
 
@@ -42,9 +42,9 @@ typedef int (*KestEventCallback)(tagKestEvent *event, void *user);
 /// What KestEditBegin needs to know. Both window and size pairs name the same window.
 struct EditBeginParams
 {
-    int mode;  ///< 1
-    int fileId;  ///< the file to open, by the id that the host gave it
-    double factor;  ///< 1.0
+    int mode;         ///< 1
+    int fileId;       ///< the file to open, by the id that the host gave it
+    double factor;    ///< 1.0
     int firstHeight;  ///< height of the window in device-independent pixels
     int firstWidth;
     int secondHeight;
@@ -52,7 +52,7 @@ struct EditBeginParams
     CVideoWnd *firstWindow;  ///< where the picture goes; may be destroyed before the edit ends
     CVideoWnd *secondWindow;
     KestEventCallback callback;  ///< may be null: no events
-    void *userData;  ///< handed back to the callback
+    void *userData;              ///< handed back to the callback
 };
 
 /// A filter's settings. The 3D filter is kind 9 and carries a mode and a depth; everything
@@ -97,17 +97,19 @@ static_assert(sizeof(EditBeginParams) == 32 + 4 * sizeof(void *), "48 or 64 byte
 extern "C" {
 
 /// Starts the open edit, or resumes it after KestPause. Tells at once when the file cannot be
-/// played: missing, empty, unreadable, not a media file.
+/// played: missing, empty, unreadable, not a media file. After the end of the film it starts over,
+/// unless a KestSetCurPos has left the end.
 KEST_EXPORT int KestPlay(void *engine);
 
 /// Pauses the open edit at the current picture.
 KEST_EXPORT int KestPause(void *engine);
 
-/// Moves the open edit to `position` ms, playing or paused. The new position comes back by event.
+/// Moves the open edit to `position` ms, playing or paused; beyond the end is the end. The position
+/// that was reached comes back by event: that of the picture at or right after the one asked for.
 KEST_EXPORT int KestSetCurPos(void *engine, unsigned int position);
 
-/// Sets the volume: 0 is silent, 100 leaves the sound as it is, 200 is loudest. Values outside are
-/// clamped. Holds for this edit and those that follow.
+/// Sets the volume, linear in amplitude: 0 is silent, 50 half, 100 leaves the sound as it is, 200
+/// doubles it (+6 dB). Values outside are clamped. Holds for this edit and those that follow.
 KEST_EXPORT int KestChangeVolume(void *engine, int volume);
 
 /// Writes the length of the file to `duration` in ms; `duration` stays as it is on failure.
@@ -118,7 +120,10 @@ KEST_EXPORT int KestGetMediaDuration(void *engine, int fileId, long long *durati
 KEST_EXPORT int KestGetMediaInfo(void *engine, int fileId, void **records);
 
 /// Opens an edit of one file, rendered into a window, and reports its events to the callback from
-/// then on. An edit that is still open is ended first, with save. Copies what it needs of `params`.
+/// then on. An edit that is still open is ended first, with save; after a failure it is still open.
+/// A file that cannot be played has an edit all the same, for its filters: KestPlay tells why.
+/// Copies what it needs of `params`. Position 0 is reported before this returns, and the first
+/// picture shows before KestPlay.
 KEST_EXPORT int KestEditBegin(void *engine, EditBeginParams *params);
 
 /// Ends the open edit: `save` keeps the filters set during it, otherwise they are dropped. The

@@ -58,15 +58,20 @@ extern "C" {
 /// handle belongs to the calling thread, which must run a Qt event loop; in other threads it counts
 /// as foreign. Handles are never reused.
 /// `audioOutput` names the sound output ("pulse", "alsa", ...); null takes the system's default and
-/// "null" plays without sound.
+/// "null" plays without sound. Where an output is missing, films play without sound.
+/// The callbacks of all edits are entered on this thread, from its event loop or from KestEditBegin;
+/// they may call any function, also one that ends the edit or closes the engine.
+/// While the player is made the process's LC_NUMERIC is "C" for a moment, unless it is already.
 KEST_EXPORT void *KestOpen(const char *audioOutput);
 
 /// Ends an open edit without save, stops everything and frees the engine. Unknown handles are
 /// ignored. An engine that is never closed goes with the thread that opened it.
 KEST_EXPORT void KestClose(void *engine);
 
-/// Gives a file an id to be named by. The path is UTF-8 and is not looked at yet. An id that is
-/// taken gets the new path and loses its filters, unless it is being edited: that edit goes on.
+/// Gives a file an id to be named by. The path is UTF-8 and is not looked at yet; a relative one
+/// means the folder of this moment. It is always a file on disk, never a URL. An id that is taken
+/// gets the new path and loses the filters kept for it; an edit that is open on it goes on with the
+/// old file.
 KEST_EXPORT int KestAddFile(void *engine, int fileId, const char *utf8Path);
 
 /// Forgets a file and the filters kept for it. An edit that is open on it is ended without save.

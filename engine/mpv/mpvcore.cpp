@@ -17,6 +17,9 @@ constexpr Option options[] = {
     // The one file, and nothing that lies beside it, is named in it or belongs to the user.
     {"config", "no"},
     {"load-scripts", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"load-auto-profiles", "no"},
     {"ytdl", "no"},
     {"osc", "no"},
     {"access-references", "no"},
@@ -35,6 +38,8 @@ constexpr Option options[] = {
     {"input-vo-keyboard", "no"},
     {"osd-level", "0"},
     {"sid", "no"},
+    {"sub-font-provider", "none"},
+    {"osd-font-provider", "none"},
     {"audio-display", "no"},
     // One player for many films; at its end a film stays open, so that a seek can leave the end.
     {"idle", "yes"},
@@ -49,6 +54,7 @@ constexpr Option options[] = {
     {"video-rotate", "no"},
     {"video-timing-offset", "0"},
     {"zimg-threads", "1"},
+    {"zimg-scaler", "bilinear"},  // a third faster than the default, and a preview mostly shrinks
     {"hwdec", "no"},
     {"cache", "no"},
 };
