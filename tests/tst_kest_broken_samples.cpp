@@ -1,0 +1,134 @@
+// The samples, cut short and with flipped bits in many ways: a code or a film, soon, and no harm; and
+// a film that is overwritten under the player.
+// Not here: clips that are odd but whole (tst_kest_files.cpp).
+#include "clips.h"
+#include "engine/mpv/mediaprobe.h"
+#include "enginestage.h"
+
+#include <random>
+
+namespace {
+
+constexpr int cuts = 50;
+constexpr int flips = 200;
+constexpr int playEvery = 10;   // all are examined, and one in ten is played
+constexpr int callLimit = 100;  // ms, for calls that do not open a file
+
+/// A variant of the sample: first the cuts, then those with flipped bits, each by its own seed.
+QByteArray variant(const QByteArray &whole, int number)
+{
+    if (number < cuts)
+        return whole.left(int(qint64(whole.size()) * (number + 1) / (cuts + 1)));
+    std::mt19937 random{unsigned(number)};
+    QByteArray flipped = whole;
+    for (int i = 0; i < 100; ++i) {
+        // Half of them near the start, where what a film is stands.
+        const auto range = unsigned(i % 2 ? flipped.size() : 4096);
+        const auto at = int(random() % range);
+        flipped[at] = char(flipped[at] ^ (1 << random() % 8));
+    }
+    return flipped;
+}
+
+}  // namespace
+
+class tst_KestBrokenSamples : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(m_clips.valid()); }
+
+    void brokenSamplesPlayOrSayNo_data()
+    {
+        QTest::addColumn<QString>("sample");
+        QTest::newRow("film") << SAMPLES "/depth.mkv";
+        QTest::newRow("sound") << SAMPLES "/tone.ogg";
+    }
+    void brokenSamplesPlayOrSayNo()
+    {
+        QFETCH(QString, sample);
+        const QByteArray whole = Clips::read(sample);
+        QVERIFY(whole.size() > 4096);
+        EngineStage stage({64, 36});
+        for (int number = 0; number < cuts + flips; ++number) {
+            const QString path = m_clips.write("broken", variant(whole, number));
+            const int code = examine(path);
+            QVERIFY2(code == KestOk || code == KestErrorNotMedia,
+                     qPrintable(QString::number(code)));
+            if (number % playEvery == 0)
+                play(stage, path, code);
+        }
+        QCOMPARE(stage.open(SAMPLES "/depth.mkv", 2), int(KestOk));
+        QCOMPARE(KestPlay(stage.engine), int(KestOk));
+        QTRY_VERIFY(stage.position() > 100 && stage.position() != ~0u);
+    }
+
+    void aFilmThatIsOverwrittenWhilePlayingEnds()
+    {
+        const QString film = m_clips.make("overwritten.mkv",
+                                          "-f lavfi -i mandelbrot=s=320x180:r=25 -t 2 -c:v ffv1");
+        EngineStage stage;
+        QCOMPARE(stage.open(film), int(KestOk));
+        QCOMPARE(KestPlay(stage.engine), int(KestOk));
+        QTRY_VERIFY(stage.position() > 100 && stage.position() != ~0u);
+        QFile file(film);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        std::mt19937 random(1);
+        QByteArray noise(int(file.size()), Qt::Uninitialized);
+        for (char &byte : noise)
+            byte = char(random());
+        QCOMPARE(file.write(noise), qint64(noise.size()));
+        file.close();
+        QTRY_VERIFY_WITH_TIMEOUT(stage.ended(), 10000);
+        QCOMPARE(stage.count(5), 1);
+        QCOMPARE(stage.begin(1), int(KestOk));
+        QCOMPARE(KestPlay(stage.engine), int(KestErrorNotMedia));
+    }
+
+    void transparentFilmsAreShownOpaque()
+    {
+        const QString film = m_clips.make(
+            "clear.mkv",
+            "-f lavfi -i color=c=red@0.0:s=64x36:r=25:d=0.2,format=yuva420p -c:v ffv1");
+        EngineStage stage({64, 36});
+        QCOMPARE(stage.open(film), int(KestOk));
+        const auto anyLight = [&] { return qRed(stage.centre()) > 0 || stage.ended(); };
+        QCOMPARE(KestPlay(stage.engine), int(KestOk));
+        QTRY_VERIFY(anyLight());
+        const QImage shown = stage.window->grab().toImage();
+        for (int y = 0; y < shown.height(); ++y)
+            for (int x = 0; x < shown.width(); ++x)
+                QCOMPARE(qAlpha(shown.pixel(x, y)), 0xff);
+    }
+
+private:
+    /// The code, told within the limit.
+    static int examine(const QString &path)
+    {
+        QElapsedTimer time;
+        time.start();
+        const int code = probeMedia(path.toStdString()).code;
+        return time.elapsed() <= KestProbeMilliseconds ? code : int(KestErrorTimeout);
+    }
+
+    static void play(EngineStage &stage, const QString &path, int code)
+    {
+        QCOMPARE(stage.open(path), int(KestOk));
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(KestPlay(stage.engine), code);
+        KestSetCurPos(stage.engine, 1000);
+        qint64 worst = time.restart();
+        QTest::qWait(60);
+        time.restart();
+        QCOMPARE(KestEditEnd(stage.engine, true), int(KestOk));
+        worst = qMax(worst, time.elapsed());
+        QVERIFY2(worst <= callLimit, qPrintable(QString("a call took %1 ms").arg(worst)));
+    }
+
+    Clips m_clips;
+};
+
+QTEST_MAIN(tst_KestBrokenSamples)
+#include "tst_kest_broken_samples.moc"
