@@ -254,7 +254,8 @@ void tst_Skin::fillsTheListOfModes()
     const PlayWidget_Impl player;
     const QComboBox *modes = player.ui.cbx3DMode;
     QCOMPARE(modes->itemText(index), text);
-    QCOMPARE(modes->itemData(index, Qt::UserRole), QVariant(mode));
+    QCOMPARE(modes->itemData(index, Qt::UserRole).userType(), int(QMetaType::Int));
+    QCOMPARE(modes->itemData(index, Qt::UserRole).toInt(), mode);
     QCOMPARE(modes->itemIcon(index).availableSizes(), QList<QSize>{QSize(16, 16)});
     QCOMPARE(modePixels(modes->itemIcon(index), {16, 16}, QIcon::Normal), skinPixels(icon));
 }
@@ -280,9 +281,10 @@ void tst_Skin::marksOkAndCancelForTheStyleSheet()
 {
     const PlayWidget_Impl player;
     for (const QWidget *widget : player.findChildren<QWidget *>()) {
+        const QVariant mark = widget->property("useStyleSheet");
         const bool marked = widget->parent() == player.ui.buttonBox;
-        QCOMPARE(widget->property("useStyleSheet"),
-                 marked ? QVariant(QStringLiteral("true")) : QVariant());
+        QCOMPARE(mark.userType(), int(marked ? QMetaType::QString : QMetaType::UnknownType));
+        QCOMPARE(mark.toString(), marked ? "true" : "");
     }
     QCOMPARE(player.ui.buttonBox->buttons().size(), 2);
 }
