@@ -296,6 +296,19 @@ private Q_SLOTS:
         QCOMPARE(stage.pixel(100, 156), black);
     }
 
+    void windowsOfAnySizeShowThePicture()
+    {
+        EngineStage stage;
+        QCOMPARE(stage.open(m_colours), int(KestOk));
+        for (const QSize size : {QSize(1, 1), QSize(1, 201), QSize(201, 1), QSize(3, 2),
+                                 QSize(1999, 3), QSize(7, 1501), QSize(2047, 1151)}) {
+            stage.window->resize(size);
+            stage.clearView();
+            QCOMPARE(KestSetCurPos(stage.engine, 1480), int(KestOk));
+            QTRY_VERIFY(EngineStage::near(stage.centre(), lime, 30));
+        }
+    }
+
     void aHiddenWindowShowsTheRightPictureWhenItComesBack()
     {
         EngineStage stage;
