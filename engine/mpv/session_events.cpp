@@ -95,6 +95,7 @@ void Session::takeReply(const mpv_event &event)
     if (event.reply_userdata == MpvCore::Load) {
         m_player = Player::Idle;
         fileFailed();
+        advance();  // to another edit, if one has begun meanwhile
     }
 }
 
@@ -133,7 +134,8 @@ void Session::takePosition(double seconds, bool atOnce)
 /// A change may be told late, when a seek has long left the end; an answer is of this moment.
 void Session::takeAtEnd(bool atEnd, bool asked)
 {
-    if (!atEnd || !m_edit->playing || m_edit->seeking || m_edit->nextSeek)
+    const bool moving = m_edit->seeking || m_edit->nextSeek;
+    if (!atEnd || !m_edit->playing || m_player != Player::Ready || moving)
         return;
     if (!asked) {
         m_core->askAtEnd();
