@@ -159,8 +159,10 @@ private:
                     {"-f", "-s", "4096", "-o", log, "-e",
                      "trace=?open,openat,?openat2,?creat,socket,connect,execve,?execveat,?fork",
                      PLAYONEFILE, m_clips.path("clips/" + name)});
-        if (!child.waitForFinished(30000) || child.exitCode() != 0)
+        if (!child.waitForFinished(30000) || child.exitCode() != 0) {
+            qWarning("%s", child.readAllStandardError().constData());
             return false;
+        }
         m_code = child.readAllStandardOutput().trimmed().toInt();
         QString calls = QString::fromLocal8Bit(Clips::read(log));
         calls = calls.section("/engine-begins", 1).section("/engine-ended", 0, 0);

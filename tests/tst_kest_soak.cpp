@@ -136,6 +136,8 @@ private Q_SLOTS:
         const double whole = growth([&](int i) { cycle(stage, i); });
         qInfo("a cycle adds %.0f bytes, of which %.0f are the player's own", whole, plain);
         QCOMPARE(m_eventsTooLate, 0);
+        if (bytesInUse() == 0)
+            QSKIP("this sanitizer does not tell how much memory is in use");
         QVERIFY2(whole - plain <= 4096, qPrintable(QString::number(whole - plain)));
     }
 
