@@ -58,6 +58,7 @@ void measure(PaintWatch &application, QSize size)
         window->QWidget::show();
     }
     mailbox->beginEdit({}, {size, 0});
+    mailbox->filmBegun();
     VideoView::of(&ours)->show(mailbox);
     application.runFor(300);
 

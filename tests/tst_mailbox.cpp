@@ -61,6 +61,7 @@ private Q_SLOTS:
         Mailbox mailbox;
         Receiver receiver;
         mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
         mailbox.attach(&receiver);
         for (quint64 serial = 1; serial <= 3; ++serial)
             mailbox.post(frame(serial), mailbox.epoch());
@@ -78,12 +79,14 @@ private Q_SLOTS:
         Mailbox mailbox;
         Receiver receiver;
         mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
         mailbox.attach(&receiver);
         const quint64 before = mailbox.epoch();
         mailbox.post(frame(1), before);
         mailbox.endEdit();
         mailbox.post(frame(2), before);
         mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
         mailbox.attach(&receiver);
         mailbox.post(frame(3), before);
         QVERIFY(!mailbox.take(&receiver));
@@ -91,11 +94,29 @@ private Q_SLOTS:
         QCOMPARE(mailbox.take(&receiver)->frame.serial, quint64(4));
     }
 
+    void framesOfTheFilmBeforeAreDropped()
+    {
+        Mailbox mailbox;
+        Receiver receiver;
+        mailbox.beginEdit({}, wide);
+        mailbox.attach(&receiver);
+        mailbox.setArea(&receiver, {160, 160});
+        mailbox.frameDue();
+        // The edit is open, but the player is still leaving the film of the one before.
+        QCOMPARE(mailbox.wait().epoch, quint64(0));
+        mailbox.post(frame(1), mailbox.epoch());
+        QVERIFY(!mailbox.take(&receiver));
+        mailbox.filmBegun();
+        mailbox.frameDue();
+        QCOMPARE(mailbox.wait().epoch, mailbox.epoch());
+    }
+
     void aSeekBeginsAnEpochOfTheSameEdit()
     {
         Mailbox mailbox;
         Receiver receiver;
         mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
         mailbox.attach(&receiver);
         const quint64 before = mailbox.epoch();
         mailbox.seekBegun();
@@ -111,6 +132,7 @@ private Q_SLOTS:
         Receiver receiver;
         Receiver stranger;
         mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
         mailbox.attach(&receiver);
         mailbox.setArea(&receiver, {160, 160});
         mailbox.setArea(&stranger, {16, 16});
@@ -125,6 +147,7 @@ private Q_SLOTS:
     {
         Mailbox mailbox;
         mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
         {
             Receiver receiver;
             mailbox.attach(&receiver);
@@ -141,6 +164,7 @@ private Q_SLOTS:
         Mailbox mailbox;
         Receiver receiver;
         mailbox.beginEdit({Kest3DRedCyan, 0.1}, wide);
+        mailbox.filmBegun();
         mailbox.attach(&receiver);
         mailbox.setArea(&receiver, {320, 320});
         mailbox.frameDue();
@@ -173,6 +197,7 @@ private Q_SLOTS:
         Mailbox mailbox;
         Receiver receiver;
         mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
         mailbox.attach(&receiver);
         mailbox.setArea(&receiver, {320, 320});
         (void)mailbox.wait();

@@ -33,6 +33,7 @@ public:
     void beginEdit()
     {
         mailbox->beginEdit({}, {QSizeF(1600, 900), 0});
+        mailbox->filmBegun();
         VideoView::of(&window)->show(mailbox);
     }
 
@@ -204,6 +205,7 @@ private Q_SLOTS:
         auto mailbox = std::make_shared<Mailbox>();
         auto window = std::make_unique<CVideoWnd>();
         mailbox->beginEdit({}, {QSizeF(16, 9), 0});
+        mailbox->filmBegun();
         VideoView::of(window.get())->show(mailbox);
         mailbox->post({pattern({16, 9}), 0, 1}, mailbox->epoch());
         window.reset();

@@ -42,6 +42,7 @@ private Q_SLOTS:
 
         const auto mailbox = std::make_shared<Mailbox>();
         mailbox->beginEdit({}, {QSizeF(16, 9), 0});
+        mailbox->filmBegun();
         VideoView::of(&window)->show(mailbox);
         const QSize wanted = mailbox->wait().size;
         QCOMPARE(wanted, QSize(240, 135));

@@ -43,7 +43,7 @@ struct RenderOrder
 
 /// One slot for a frame, where the latest wins, and the wake-up that the render thread sleeps on.
 ///
-/// Time is cut into epochs, counted up by every edit and every seek. A frame carries the epoch it
+/// Time is cut into epochs, counted up by every film and every seek. A frame carries the epoch it
 /// was ordered in, so that one of an edit that has ended is never taken for one of the next.
 ///
 /// Any thread may call anything. The lock is a leaf but for posting an event to the receiver; the
@@ -74,6 +74,13 @@ public:
         m_letter.reset();
         m_setting = setting;
         m_shape = shape;
+        m_editEpoch = 0;
+    }
+
+    /// The player has let go of the film before: from here on its pictures are this edit's.
+    void filmBegun()
+    {
+        const std::lock_guard lock(m_lock);
         m_editEpoch = ++m_epoch;
     }
 
@@ -235,7 +242,7 @@ private:
     bool m_settingNew = false;
     bool m_rung = false;  // a frameEvent is on its way
     quint64 m_epoch = 0;
-    quint64 m_editEpoch = 0;  // the epoch that the open edit began in; 0: none is open
+    quint64 m_editEpoch = 0;  // the epoch that the open edit's film began in; 0: there is none yet
     QSize m_area;
     PictureShape m_shape;
     StereoSetting m_setting;

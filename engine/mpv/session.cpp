@@ -216,6 +216,7 @@ void Session::advance()
 {
     const bool wanted = m_edit && editCode() == KestOk;
     if (m_player == Player::Idle && wanted) {
+        m_mailbox->filmBegun();
         m_core->setPaused(!m_edit->playing);
         m_core->load(m_edit->path);
         m_player = Player::Starting;
