@@ -7,7 +7,7 @@
 /// Never changed once made: whoever takes a frame shares its pixels.
 struct Frame
 {
-    QImage picture;  ///< Format_RGB32 at the size on screen, in device pixels; null: no picture
-    qint64 time = 0;  ///< when it was rendered, ms of a steady clock
+    QImage picture;      ///< Format_RGB32 at the size on screen, in device pixels; null: no picture
+    qint64 time = 0;     ///< when it was rendered, ms of a steady clock
     quint64 serial = 0;  ///< counts up with each picture that the player renders
 };
