@@ -75,10 +75,12 @@ bool opensTheFolder(Player &player)
 bool asksForAFolder(Player &player)
 {
     bool asked = false;
-    QTimer::singleShot(0, [&asked] {
-        asked = QApplication::activeModalWidget();
-        QApplication::activeModalWidget()->close();
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&asked] {
+        if (QWidget *dialog = QApplication::activeModalWidget())
+            asked = dialog->close();
     });
+    closer.start(10);
     player.impl.changeSnapShotDirAction->trigger();
     return asked;
 }
