@@ -93,6 +93,7 @@ mpv_handle *createHandle()
 
 void observe(mpv_handle *handle)
 {
+    mpv_observe_property(handle, MpvCore::Position, "time-pos", MPV_FORMAT_DOUBLE);
     mpv_observe_property(handle, MpvCore::AtEnd, "eof-reached", MPV_FORMAT_FLAG);
     mpv_observe_property(handle, MpvCore::OutputShape, "video-out-params", MPV_FORMAT_NODE);
     for (const mpv_event_id silent : {MPV_EVENT_SEEK, MPV_EVENT_AUDIO_RECONFIG,

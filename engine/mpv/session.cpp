@@ -9,9 +9,6 @@
 #include <algorithm>
 #include <filesystem>
 
-// The player would tell the position with each picture, and wake this thread and its own for it.
-static constexpr int positionInterval = 100;  // ms
-
 std::shared_ptr<Session> Session::open(const char *audioOutput, QObject *bell)
 {
     const std::shared_ptr<Session> session(new Session(bell));
@@ -20,11 +17,7 @@ std::shared_ptr<Session> Session::open(const char *audioOutput, QObject *bell)
 
 Session::Session(QObject *bell)
     : m_bell(bell)
-{
-    m_positionClock.setInterval(positionInterval);
-    const auto tick = [this] { positionClockTick(); };
-    QObject::connect(&m_positionClock, &QTimer::timeout, &m_positionClock, tick);
-}
+{ }
 
 Session::~Session()
 {
@@ -169,7 +162,6 @@ int Session::play()
         m_core->setPaused(false);
         m_core->askAtEnd();
     }
-    m_positionClock.start();
     return KestOk;
 }
 
@@ -211,15 +203,6 @@ void Session::sendSeek()
     // At the end of a film the player has paused itself.
     if (m_edit->playing)
         m_core->setPaused(false);
-}
-
-/// The last tick, when the film plays no more, tells where it has stopped.
-void Session::positionClockTick()
-{
-    if (!m_edit || !m_edit->playing)
-        m_positionClock.stop();
-    if (playerHasEdit())
-        m_core->askPosition();
 }
 
 unsigned int Session::withinFilm(long long position) const

@@ -10,7 +10,6 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 
 #include <atomic>
 #include <map>
@@ -93,7 +92,6 @@ private:
     void dropEdit(bool save);
     void advance();
     void sendSeek();
-    void positionClockTick();
     unsigned int withinFilm(long long position) const;
 
     // session_events.cpp: up from the player to the host
@@ -116,7 +114,6 @@ private:
     std::optional<Edit> m_edit;
     quint64 m_editCount = 0;
     QMetaObject::Connection m_windowGone;
-    QTimer m_positionClock;  // runs while the edit plays
     Player m_player = Player::Idle;
     quint64 m_playerEdit = 0;  // serial of the edit that the player's file was loaded for
 

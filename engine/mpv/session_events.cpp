@@ -103,15 +103,15 @@ void Session::takeProperty(const mpv_event &event, bool asked)
 {
     if (!playerHasEdit())
         return;
-    const bool arrived
-        = event.reply_userdata == MpvCore::Position && std::exchange(m_edit->arriving, false);
+    if (asked && event.reply_userdata == MpvCore::Position)
+        m_edit->arriving = false;
     if (event.error < 0)
         return;
     const auto &property = *static_cast<const mpv_event_property *>(event.data);
     if (property.format == MPV_FORMAT_NONE)
         return;
     if (event.reply_userdata == MpvCore::Position)
-        takePosition(*static_cast<double *>(property.data), arrived);
+        takePosition(*static_cast<double *>(property.data), asked);
     else if (event.reply_userdata == MpvCore::AtEnd)
         takeAtEnd(*static_cast<int *>(property.data), asked);
     else if (event.reply_userdata == MpvCore::OutputShape)
@@ -121,7 +121,7 @@ void Session::takeProperty(const mpv_event &event, bool asked)
 void Session::takePosition(double seconds, bool atOnce)
 {
     // Until a seek is done the player may still tell where it was before.
-    const bool moving = m_edit->seeking || m_edit->nextSeek;
+    const bool moving = m_edit->seeking || m_edit->nextSeek || m_edit->arriving;
     if (m_player != Player::Ready || moving || m_edit->ended)
         return;
     const unsigned int position = withinFilm(std::llround(seconds * 1000));
