@@ -6,6 +6,8 @@
 #include <QStringList>
 
 #include <map>
+#include <optional>
+#include <vector>
 
 #include <sys/resource.h>
 #include <sys/wait.h>

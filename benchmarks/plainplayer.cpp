@@ -8,6 +8,7 @@
 #include <clocale>
 #include <condition_variable>
 #include <mutex>
+#include <utility>
 
 struct PlainPlayer::Player
 {
