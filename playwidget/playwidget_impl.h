@@ -32,7 +32,7 @@ class PlayWidget_Impl : public QWidget
 public:
     enum PlayState { Playing, Paused, Stopped };
 
-    enum ImageType { ImageTypePNG, ImageTypeJPEG, ImageTypeBMP };
+    enum ImageType : int { ImageTypePNG, ImageTypeJPEG, ImageTypeBMP };
 
     /// As in PlayWidget.
     enum TranslationTextID : int {
