@@ -27,11 +27,8 @@ int quitAtEnd(tagKestEvent *event, void *)
 }
 
 /// Returns what KestPlay said.
-int play(const char *path)
+int play(const char *path, CVideoWnd &window)
 {
-    CVideoWnd window;
-    window.resize(64, 36);
-    window.show();
     EditBeginParams params = {1, 1, 1.0, 36, 64, 36, 64, &window, &window, quitAtEnd, nullptr};
     void *const engine = KestOpen("null");
     KestAddFile(engine, 1, path);
@@ -50,8 +47,11 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     QTimer::singleShot(700, &application, &QCoreApplication::quit);
+    CVideoWnd window;  // the first widget makes Qt 5 look for fonts
+    window.resize(64, 36);
+    window.show();
     sayInTrace("/engine-begins");
-    const int code = play(argv[1]);
+    const int code = play(argv[1], window);
     sayInTrace("/engine-ended");
     std::printf("%d\n", code);
 }
