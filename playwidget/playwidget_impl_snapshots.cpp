@@ -99,7 +99,7 @@ void PlayWidget_Impl::snapShotVideo()
         void *records = nullptr;
         const int count = KestGetMediaInfo(engine, currentFileId, &records);
         if (count > 0 && records)
-            records = static_cast<char *>(records) + count * mediaInfoRecordSize;
+            records = static_cast<char *>(records) + qint64(count) * mediaInfoRecordSize;
     }
     const QString time = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMddhhmmsszzz"));
     const QString path = QStringLiteral("%1/%2%3.%4")

@@ -33,6 +33,11 @@ void FakeKest::setResult(const QString &function, int code)
     m_results[function] = code;
 }
 
+void FakeKest::setFileResult(int fileId, int code)
+{
+    m_fileResults[fileId] = code;
+}
+
 void FakeKest::setDuration(int fileId, long long ms)
 {
     m_durations[fileId] = ms;
@@ -159,8 +164,10 @@ int KestAddFilter(void *engine, int kind, tagKestFilterInfo *info)
 
 int KestAddFilter2(void *engine, int fileId, int kind, tagKestFilterInfo *info)
 {
-    return FakeKest::instance().add(engine, QStringLiteral("KestAddFilter2"),
-                                    QStringLiteral("%1, %2").arg(fileId).arg(kind), *info);
+    FakeKest &fake = FakeKest::instance();
+    const int code = fake.add(engine, QStringLiteral("KestAddFilter2"),
+                              QStringLiteral("%1, %2").arg(fileId).arg(kind), *info);
+    return fake.fileResult(fileId, code);
 }
 
 int KestGetFilter(void *engine, int kind, tagKestFilterInfo *info)

@@ -29,6 +29,9 @@ public:
     /// Makes a function, by its name, return `code` from now on; 0 makes it succeed again.
     void setResult(const QString &function, int code);
 
+    /// The same for KestAddFilter2 on one file alone.
+    void setFileResult(int fileId, int code);
+
     /// What KestGetMediaDuration writes for a file; it writes nothing for others.
     void setDuration(int fileId, long long ms);
 
@@ -56,6 +59,10 @@ public:
     int begin(void *engine, const EditBeginParams &params);
     int add(void *engine, const QString &function, const QString &ids,
             const tagKestFilterInfo &info);
+    int fileResult(int fileId, int otherwise) const
+    {
+        return m_fileResults.value(fileId, otherwise);
+    }
     int duration(void *engine, int fileId, long long *ms);
     int keptFilter(void *engine, int fileId, int kind, tagKestFilterInfo *info);
     int editFilter(void *engine, int kind, tagKestFilterInfo *info);
@@ -70,6 +77,7 @@ private:
 
     QStringList m_calls;
     QHash<QString, int> m_results;
+    QHash<int, int> m_fileResults;
     QHash<int, long long> m_durations;
     QHash<int, Filter> m_keptFilters;
     QHash<int, Filter> m_editFilter;  // one entry at most, under 0

@@ -121,6 +121,7 @@ private Q_SLOTS:
     void resetLeavesThePanel();
     void resetsItemsWhoseDepthIsNoNumber();
     void resetGoesOnPastFailures();
+    void resetRecordsEachFailureWithItsOwnCode();
     void resetsWithoutAnEngine();
     void appliesToAllButTheSelected();
     void appliesToAllWithoutASelection();
@@ -555,6 +556,24 @@ void tst_Panel3D::resetGoesOnPastFailures()
     QCOMPARE(player.impl.errorList(), expected);
     QCOMPARE(settings(player, 0), "1 at 0.01");
     QCOMPARE(settings(player, 2), "2 at 0.02");
+}
+
+void tst_Panel3D::resetRecordsEachFailureWithItsOwnCode()
+{
+    Player player(5, 4, 0.03);
+    for (PlayItem *item : player.impl.playItems)
+        item->depth = 0.06;
+    player.engine.setFileResult(20, -3);
+    player.engine.setFileResult(40, 8);
+    player.impl.resetAll();
+    QCOMPARE(player.calls().size(), 5);
+    QCOMPARE(player.widget->errorString(),
+             "ERROR: KestAddFilter2 function failed. [Code: -3]\r\n"
+             "ERROR: KestAddFilter2 function failed. [Code: 8]");
+    for (int index : {0, 2, 4})
+        QCOMPARE(settings(player, index), "4 at 0.03");
+    for (int index : {1, 3})
+        QCOMPARE(settings(player, index), "4 at 0.06");
 }
 
 void tst_Panel3D::resetsWithoutAnEngine()
