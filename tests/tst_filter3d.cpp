@@ -494,11 +494,15 @@ void tst_Filter3D::startingReadsTheItemOfTheIndex()
     player.play(0);
     player.impl.stopVideo(true);
     player.calls();
+    player.engine.setKeptFilter(30, Kest3DBlueYellow, 0.1);
     player.impl.beginEdit(2);
     QCOMPARE(player.calls(),
              QStringList({"KestEditBegin(30)", "CVideoWnd::resetSessionState()",
-                          "KestGetFilter2(30, 9)", "KestAddFilter2(10, 9, mode 11, depth 0)",
-                          "KestAddFilter(9, mode 11, depth 0)"}));
+                          "KestGetFilter2(30, 9)", "KestAddFilter2(10, 9, mode 6, depth 0.102)",
+                          "KestAddFilter2(10, 9, mode 6, depth 0.102)",
+                          "KestAddFilter(9, mode 6, depth 0.1)"}));
+    QVERIFY(holds(player, 2, 6, 0.1));         // as read
+    QVERIFY(holds(player, 0, 6, 17 * 0.006));  // the selected one, as the panel was sent
 }
 
 void tst_Filter3D::startingRestoresTheWires()

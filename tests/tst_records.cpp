@@ -19,6 +19,14 @@ QByteArray zeros(int count)
     return QByteArray(count, '\0');
 }
 
+// Leaves ones where the next call has its locals, so that a record that is not cleared shows them.
+Q_NEVER_INLINE void dirtyTheStack()
+{
+    volatile unsigned char bytes[4096];
+    for (volatile unsigned char &byte : bytes)
+        byte = 0xff;
+}
+
 const QByteArray seventeen("\x11\0\0\0", 4);
 
 }  // namespace
@@ -87,6 +95,7 @@ void tst_Records::fillsAFilterRecordWithModeAndDepthOnly()
     QFETCH(double, depth);
     QFETCH(QByteArray, depthBytes);
     FakeKest::instance().reset();
+    dirtyTheStack();
     PlayWidget::setMovie3DPropsDirect(FakeKest::handle(), 7, mode, depth);
     QCOMPARE(bytes(FakeKest::instance().addedFilter()).toHex(),
              (zeros(4) + seventeen + modeBytes + zeros(8) + depthBytes + zeros(56)).toHex());
