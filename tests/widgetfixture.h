@@ -2,7 +2,7 @@
 // Not here: any test.
 #pragma once
 
-#include "fakekest.h"
+#include "fakekest/fakekest.h"
 #include "playwidget/playwidget.h"
 #include "playwidget/playwidget_impl.h"
 
