@@ -1,51 +1,124 @@
-// playwidget-preview: previews the files of its command line and prints the settings chosen.
-// Not here: the dialog (previewdialog.cpp), the engine (mediaengine.cpp).
-#include "host/demoshot.h"
+// playwidget-preview: from the command line to the exit status.
+// Not here: the window (previewdialog.cpp), the engine (mediaengine.cpp).
+#include "host/language.h"
 #include "host/mediaengine.h"
 #include "host/options.h"
 #include "host/previewdialog.h"
+#include "host/screenshot.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
+#include <QSaveFile>
 
+#include <algorithm>
+#include <clocale>
 #include <cstdio>
 
 namespace {
 
 enum ExitStatus { Accepted = 0, Rejected = 1, BadUsage = 2, Failed = 3 };
 
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(Program)
+};
+
 int complain(const QString &text, ExitStatus status)
 {
-    std::fprintf(stderr, "playwidget-preview: %s\n", qPrintable(text));
+    std::fprintf(stderr, "playwidget-preview: %s\n", text.toLocal8Bit().constData());
     return status;
 }
 
-QVector<MediaFile> openFiles(MediaEngine &engine, const QStringList &paths)
+int print(const QByteArray &text, ExitStatus status)
 {
-    QVector<MediaFile> files;
-    for (const QString &path : paths) {
-        files.append(engine.add(path));
-        if (!files.last().error.isEmpty())
-            complain(QStringLiteral("%1: %2").arg(path, files.last().error), Failed);
-    }
-    return files;
+    const bool printed = std::fputs(text.constData(), stdout) >= 0 && std::fflush(stdout) == 0;
+    return printed ? status : complain(Text::tr("the output could not be written"), Failed);
 }
 
-int run(MediaEngine &engine, const QVector<MediaFile> &files, const Options &options)
+QStringList filmsToOpen(const Options &options, const Settings &settings)
 {
-    PreviewDialog dialog(engine, files, options);
+    if (!options.files.isEmpty())
+        return options.files;
+    QStringList paths;
+    for (const FilmSettings &film : settings.films())
+        paths << film.path;
+    return paths;
+}
+
+int statusOf(const PreviewDialog &dialog)
+{
+    const QStringList errors = dialog.errors();
+    for (const QString &line : errors)
+        complain(line, Failed);
+    const QVector<Film> &films = dialog.films().films();
+    const bool allPlayable = std::all_of(films.begin(), films.end(), [](const Film &film) {
+        return !film.examined || film.isPlayable();
+    });
+    return errors.isEmpty() && allPlayable ? Accepted : Failed;
+}
+
+int runWindow(PreviewDialog &dialog, const Options &options)
+{
+    if (dialog.exec() != QDialog::Accepted)
+        return Rejected;
+    const int status = statusOf(dialog);
+    return options.json ? print(dialog.settings().toJson(), ExitStatus(status)) : status;
+}
+
+int savePicture(const QImage &picture, const QString &file)
+{
+    if (picture.isNull())
+        return complain(Text::tr("the film could not be shown at this place"), Failed);
+    const QString suffix = QFileInfo(file).suffix();
+    QSaveFile target(file);
+    const bool written = target.open(QIODevice::WriteOnly)
+        && picture.save(&target, suffix.isEmpty() ? "png" : suffix.toLatin1().constData());
+    if (written && target.commit())
+        return Accepted;
+    return complain(Text::tr("%1 cannot be written: %2").arg(file, target.errorString()), Failed);
+}
+
+int takeScreenshot(PreviewDialog &dialog, void *engine, const Options &options)
+{
+    Screenshot screenshot(engine, dialog.player());
+    QObject::connect(&dialog, &PreviewDialog::begun, &screenshot,
+                     [&](int film) { screenshot.take(film, options.screenshotAt); });
+    QObject::connect(&dialog, &PreviewDialog::nothingToPlay, &screenshot,
+                     [] { QApplication::exit(Failed); });
+    QObject::connect(&screenshot, &Screenshot::taken, [&options](const QImage &picture) {
+        QApplication::exit(savePicture(picture, options.screenshot));
+    });
+    dialog.setAttribute(Qt::WA_DontShowOnScreen);
     dialog.show();
-    dialog.start();
-    if (!options.demoShot.isEmpty()) {
-        demoShot(&dialog, options.demoShot);
-        return QApplication::exec();
-    }
-    QApplication::exec();
-    const bool accepted = dialog.result() == QDialog::Accepted;
-    if (accepted)
-        std::fputs(dialog.settings().toUtf8().constData(), stdout);
-    if (!dialog.errors().isEmpty())
-        return complain(dialog.errors(), Failed);
-    return accepted ? Accepted : Rejected;
+    return QApplication::exec();
+}
+
+int run(const Options &options)
+{
+    Settings settings;
+    QString error;
+    if (!options.settingsFile.isEmpty() && !settings.read(options.settingsFile, error))
+        return complain(error, Failed);
+    MediaEngine engine(options.audioOutput);
+    if (!engine.handle())
+        return complain(Text::tr("the engine could not be opened"), Failed);
+    PreviewDialog dialog(engine, options, settings);
+    dialog.open(filmsToOpen(options, settings));
+    if (!options.screenshot.isEmpty())
+        return takeScreenshot(dialog, engine.handle(), options);
+    return runWindow(dialog, options);
+}
+
+/// Whether there is a screen to open a window on, as far as the environment tells.
+bool hasDisplay()
+{
+#ifdef Q_OS_LINUX
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+#else
+    return true;
+#endif
 }
 
 }  // namespace
@@ -57,15 +130,31 @@ int main(int argc, char **argv)
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 #endif
+    const bool display = hasDisplay();
+    if (!display)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
+    // The player needs it; Qt's own numbers follow QLocale, which does not mind.
+    std::setlocale(LC_NUMERIC, "C");
+    QApplication::setOrganizationName(QStringLiteral("PlayWidget"));
     QApplication::setApplicationName(QStringLiteral("playwidget-preview"));
     QApplication::setApplicationVersion(QStringLiteral(PLAYWIDGET_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("playwidget-preview"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/playwidget-preview.png")));
 
-    const Options options = readOptions();
+    const QString language = readLanguage(QApplication::arguments());
+    if (!installLanguage(language))
+        return complain(Text::tr("--language: there are no texts in \"%1\", but in: %2")
+                            .arg(language, languages().join(QStringLiteral(", "))),
+                        BadUsage);
+    const Options options = readOptions(QApplication::arguments());
     if (!options.error.isEmpty())
-        return complain(options.error + QStringLiteral(" (--help tells more)"), BadUsage);
-    MediaEngine engine(options.audioOutput);
-    if (!engine.handle())
-        return complain(QStringLiteral("the engine could not be opened"), Failed);
-    return run(engine, openFiles(engine, options.files), options);
+        return complain(options.error + Text::tr(" (--help tells more)"), BadUsage);
+    if (!options.answer.isEmpty())
+        return print(options.answer.toUtf8(), Accepted);
+    if (!display && options.screenshot.isEmpty())
+        return complain(Text::tr("there is no display to open a window on; "
+                                 "--screenshot needs none"),
+                        Failed);
+    return run(options);
 }

@@ -4,18 +4,32 @@
 
 #include "engine/mpv/kest_host.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
 
+/// What the engine says when a file cannot be played, for the translators.
+[[maybe_unused]] constexpr const char *reasons[] = {
+    QT_TRANSLATE_NOOP("Engine", "The file does not exist"),
+    QT_TRANSLATE_NOOP("Engine", "The file cannot be read"),
+    QT_TRANSLATE_NOOP("Engine", "The path is a folder, a pipe or a device"),
+    QT_TRANSLATE_NOOP("Engine", "The file is empty"),
+    QT_TRANSLATE_NOOP("Engine", "The file holds no film and no sound that can be played"),
+    QT_TRANSLATE_NOOP("Engine", "The file could not be examined in time"),
+};
+
 bool hasPicture(const KestStreamInfo *streams, int count)
 {
-    return std::any_of(streams, streams + count,
-                       [](const KestStreamInfo &stream) { return stream.kind == 0; });
+    return std::any_of(streams, streams + count, [](const KestStreamInfo &stream) {
+        return stream.kind == KestStreamPicture;
+    });
 }
 
 }  // namespace
 
+//! [open]
 MediaEngine::MediaEngine(const QString &audioOutput)
     : m_handle(KestOpen(audioOutput.isEmpty() ? nullptr : audioOutput.toUtf8().constData()))
 { }
@@ -25,16 +39,23 @@ MediaEngine::~MediaEngine()
     KestClose(m_handle);
 }
 
-MediaFile MediaEngine::add(const QString &path)
+void MediaEngine::add(int fileId, const QString &path)
 {
-    MediaFile file = {++m_lastId, path, false, QString()};
-    int result = KestAddFile(m_handle, file.id, path.toUtf8().constData());
-    void *records = nullptr;
-    if (result == KestOk)
-        result = KestGetMediaInfo(m_handle, file.id, &records);
-    if (result < 0)
-        file.error = QString::fromUtf8(KestErrorText(result));
-    else
-        file.audioOnly = !hasPicture(static_cast<KestStreamInfo *>(records), result);
-    return file;
+    (void)KestAddFile(m_handle, fileId, path.toUtf8().constData());
 }
+//! [open]
+
+//! [examine]
+MediaFacts MediaEngine::examine(int fileId)
+{
+    MediaFacts facts;
+    void *records = nullptr;
+    const int count = KestGetMediaInfo(m_handle, fileId, &records);
+    if (count < 0)
+        facts.error = QCoreApplication::translate("Engine", KestErrorText(count));
+    else
+        facts.audioOnly = !hasPicture(static_cast<KestStreamInfo *>(records), count);
+    (void)KestGetMediaDuration(m_handle, fileId, &facts.duration);
+    return facts;
+}
+//! [examine]

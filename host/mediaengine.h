@@ -1,18 +1,18 @@
-// MediaEngine: owns the engine and the files that it knows.
+// MediaEngine: owns the engine and tells what it says of files.
 // Not here: playing them; the widget does that with the handle.
 #pragma once
 
 #include <QString>
-#include <QVector>
 
-struct MediaFile
+/// What the engine finds in a file.
+struct MediaFacts
 {
-    int id;
-    QString path;
-    bool audioOnly;
-    QString error;  ///< why it cannot be played; empty when it can
+    bool audioOnly = false;
+    long long duration = 0;  ///< ms; 0 when the file does not say
+    QString error;           ///< why it cannot be played; empty when it can
 };
 
+/// Lives on the thread that made it, which has to run an event loop.
 class MediaEngine
 {
 public:
@@ -24,10 +24,12 @@ public:
     /// Null when the engine could not be opened.
     void *handle() const { return m_handle; }
 
-    /// Names a file to the engine and looks at what it holds.
-    MediaFile add(const QString &path);
+    /// Names a file to the engine, by an id of the caller's.
+    void add(int fileId, const QString &path);
+
+    /// Looks into a file that was added. Waits for it, 3 s at the longest.
+    MediaFacts examine(int fileId);
 
 private:
     void *m_handle;
-    int m_lastId = 0;
 };

@@ -1,5 +1,5 @@
-// The 3D modes by name, for the command line and for what the program prints.
-// Not here: the texts that the widget shows.
+// The 3D modes by name: for command line and settings, and for people.
+// Not here: what the modes do to a picture.
 #pragma once
 
 #include "engine/kest.h"
@@ -14,3 +14,6 @@ QString modeName(int mode);
 
 /// The mode of a name; false, with `mode` untouched, when no mode is called so.
 bool modeFromName(const QString &name, tagKest3DMode &mode);
+
+/// What people read, in the language of the program; modeName() where there are no words for it.
+QString modeLabel(int mode);

@@ -9,15 +9,24 @@
 
 struct Options
 {
-    QStringList files;
-    tagKest3DMode mode = Kest3DTurnOff;        ///< 3D mode that every file starts with
+    QStringList files;                         ///< films, sound files and folders
+    QString settingsFile;                      ///< empty: none
+    bool json = false;                         ///< print the settings on OK
+    tagKest3DMode mode = Kest3DTurnOff;        ///< of every film that has no settings yet
     double depth = 0.0;                        ///< likewise, as a share of the picture's width
     tagKest3DMode hiddenMode = Kest3DTurnOff;  ///< not offered to the user; off hides none
+    QString start;                             ///< the film to begin with; empty: the first
     QString audioOutput;                       ///< empty: the system's default
-    QString demoShot;  ///< where to write a picture of the window; empty: run for the user
+    QString language;                          ///< empty: the system's
+    QString screenshot;                        ///< where to write a picture; empty: run for a user
+    unsigned int screenshotAt = 0;             ///< ms
 
-    QString error;  ///< what is wrong with the command line; empty when it is right
+    QString answer;  ///< help or version, to be printed instead of anything else
+    QString error;   ///< what is wrong with the command line; empty when it is right
 };
 
-/// Reads the application's arguments. Prints and exits by itself for --help and --version.
-Options readOptions();
+/// Reads the command line, the program's name included. Needs a QCoreApplication.
+Options readOptions(const QStringList &arguments);
+
+/// The language alone, which has to be known before the rest can be put into words.
+QString readLanguage(const QStringList &arguments);

@@ -1,12 +1,15 @@
-// PreviewDialog: a dialog of a host's with the widget in it; the model of embedding.
-// Not here: which files there are, and what becomes of the settings.
+// PreviewDialog: the player and the list of films in one window; the model of embedding.
+// Not here: what becomes of the settings afterwards (main.cpp).
 #pragma once
 
-#include "host/mediaengine.h"
+#include "host/fileprobe.h"
+#include "host/filmlist.h"
 #include "host/options.h"
 
 #include <QDialog>
+#include <QTimer>
 
+class FilmPane;
 class PlayWidget;
 
 class PreviewDialog : public QDialog
@@ -14,21 +17,62 @@ class PreviewDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// Files that cannot be played are in the list like any other. `engine` must outlive the
-    /// dialog.
-    PreviewDialog(const MediaEngine &engine, const QVector<MediaFile> &files,
-                  const Options &options);
+    /// `kept` are the settings that films start with if they are among them. `engine` must outlive
+    /// the dialog.
+    PreviewDialog(MediaEngine &engine, const Options &options, const Settings &kept);
+    ~PreviewDialog() override;
 
-    /// Selects the first file and plays it. Show the dialog first: the engine renders into it.
-    void start();
+    /// Lists films, by path; a folder means those in it. Each is looked into first; the first that
+    /// can be played plays, or the one of `options.start`.
+    void open(const QStringList &paths);
 
-    /// One line for each file: mode, depth, changed or unchanged, path; separated by tabs.
-    QString settings() const;
+    const FilmList &films() const { return m_films; }
+    PlayWidget *player() const { return m_player; }
 
-    /// What the engine refused; empty when nothing.
-    QString errors() const;
+    /// What was kept, brought up to date by what the user has chosen.
+    Settings settings() const;
+
+    /// What the engine refused, and why OK could not write the settings; empty when all went well.
+    QStringList errors() const;
+
+    /// Keeps the settings first; stays open when the user would rather go on.
+    void accept() override;
+    void done(int result) override;
+
+Q_SIGNALS:
+    /// The first film has been selected.
+    void begun(int filmId);
+
+    /// All films have been looked into and none can be played.
+    void nothingToPlay();
+
+protected:
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
+    void embedPlayer();
+    void layOut();
+    FilmSettings startOf(const QString &path) const;
+    void takeFacts(int filmId, const MediaFacts &facts);
+    void addToPlayer(const Film &film);
+    void beginIfDue();
+    void begin(int filmId);
+    void select(int filmId);
+    void keepCurrent();
+    void refresh();
+    void showTitle();
+
+    MediaEngine &m_engine;
+    const Options m_options;
+    const Settings m_kept;
+    QString m_settingsFile;
+    QString m_settingsError;
+    FilmList m_films;
+    FileProbe m_probe;
     PlayWidget *m_player;
-    QVector<MediaFile> m_files;
+    FilmPane *m_pane;
+    QVector<int> m_playList;  // ids of the films that the player has, in its order
+    bool m_begun = false;
+    QTimer m_refresh;
 };

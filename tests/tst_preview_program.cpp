@@ -4,6 +4,7 @@
 #include "realinput.h"
 
 #include <QGuiApplication>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -14,6 +15,7 @@ class tst_PreviewProgram : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
     void cleanup();
 
     void playsSeeksShowsRedCyanAndPrintsTheSettings();
@@ -21,7 +23,7 @@ private Q_SLOTS:
     void wrongUsageExitsWith2();
     void wrongUsageExitsWith2_data();
     void fileThatCannotBePlayedIsNamedAndExitsWith3();
-    void writesADemonstrationPicture();
+    void writesThePictureOfAPlaceWithoutADisplay();
 
 private:
     void start(const QStringList &arguments);
@@ -33,8 +35,7 @@ private:
     QImage filmFrame(const char *time) const;
     void waitForExit(int status);
 
-    // Places inside the window, whose layout is fixed.
-    const QRect window = {0, 0, 702, 585};
+    // Places inside the player, which has the left of the window and a fixed layout.
     const QRect picture = {0, 66, 702, 395};  // of a 16:9 film
     const QPoint playButton = {448, 411};
     const QPoint grooveAt200 = {432, 435};  // column 200 of the position slider
@@ -44,9 +45,17 @@ private:
     const QPoint ok = {567, 555};
 
     QProcess m_program;
+    QProcessEnvironment m_environment;
     QPoint m_origin;
     QTemporaryDir m_folder;
 };
+
+void tst_PreviewProgram::init()
+{
+    m_environment = QProcessEnvironment::systemEnvironment();
+    m_environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder.path());
+    m_program.setProcessEnvironment(m_environment);
+}
 
 void tst_PreviewProgram::start(const QStringList &arguments)
 {
@@ -69,8 +78,7 @@ void tst_PreviewProgram::openWindow(const QStringList &arguments)
         return geometry.section(key + QLatin1Char('='), 1).section(QLatin1Char('\n'), 0, 0).toInt();
     };
     m_origin = {number(QStringLiteral("X")), number(QStringLiteral("Y"))};
-    QCOMPARE(number(QStringLiteral("WIDTH")), window.width());
-    QCOMPARE(number(QStringLiteral("HEIGHT")), window.height());
+    QCOMPARE(number(QStringLiteral("HEIGHT")), 585);
 }
 
 void tst_PreviewProgram::cleanup()
@@ -121,6 +129,11 @@ QImage tst_PreviewProgram::filmFrame(const char *time) const
     return QImage(file).convertToFormat(QImage::Format_RGB32);
 }
 
+static QJsonDocument json(const QByteArray &text)
+{
+    return QJsonDocument::fromJson(text);
+}
+
 static double meanDifference(const QImage &a, const QImage &b)
 {
     if (a.size() != b.size())
@@ -146,7 +159,7 @@ void tst_PreviewProgram::waitForExit(int status)
 
 void tst_PreviewProgram::playsSeeksShowsRedCyanAndPrintsTheSettings()
 {
-    openWindow({QStringLiteral(SAMPLES "/depth.mkv")});
+    openWindow({QStringLiteral("--json"), QStringLiteral(SAMPLES "/depth.mkv")});
     RealInput::moveTo(m_origin + besidePicture);
     const QImage first = grabPicture();
     QTRY_VERIFY(meanDifference(first, grabPicture()) > 0.1);  // it plays
@@ -173,8 +186,9 @@ void tst_PreviewProgram::playsSeeksShowsRedCyanAndPrintsTheSettings()
 
     RealInput::click(m_origin + ok);
     waitForExit(0);
-    QCOMPARE(QString::fromUtf8(m_program.readAllStandardOutput()),
-             QStringLiteral("red-cyan\t-0.012\tchanged\t" SAMPLES "/depth.mkv\n"));
+    QCOMPARE(json(m_program.readAllStandardOutput()),
+             json("[{\"path\": \"" SAMPLES "/depth.mkv\", \"mode\": \"red-cyan\","
+                  " \"depth\": -0.012, \"changed\": true}]"));
 }
 
 void tst_PreviewProgram::cancelPrintsNothingAndExitsWith1()
@@ -191,7 +205,6 @@ void tst_PreviewProgram::wrongUsageExitsWith2_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("complaint");
     const QString film = QStringLiteral(SAMPLES "/depth.mkv");
-    QTest::newRow("no file") << QStringList() << QStringLiteral("name at least one film");
     QTest::newRow("unknown mode") << QStringList{QStringLiteral("--mode"), QStringLiteral("blue"),
                                                  film}
                                   << QStringLiteral("there is no 3D mode \"blue\"");
@@ -219,17 +232,26 @@ void tst_PreviewProgram::fileThatCannotBePlayedIsNamedAndExitsWith3()
     RealInput::click(m_origin + ok);
     waitForExit(3);
     const QString said = QString::fromUtf8(m_program.readAllStandardError());
-    QVERIFY2(said.contains(QStringLiteral("/no/such/film.mkv: ")), qPrintable(said));
-    QVERIFY2(said.contains(QStringLiteral("ERROR: KestPlay function failed. [Code: -7]")),
+    QVERIFY2(said.contains(QStringLiteral("/no/such/film.mkv: The file does not exist")),
              qPrintable(said));
 }
 
-void tst_PreviewProgram::writesADemonstrationPicture()
+void tst_PreviewProgram::writesThePictureOfAPlaceWithoutADisplay()
 {
+    QProcessEnvironment noDisplay = m_environment;
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        noDisplay.remove(QString::fromLatin1(name));
+    m_program.setProcessEnvironment(noDisplay);
     const QString file = m_folder.filePath(QStringLiteral("shot.png"));
-    start({QStringLiteral("--demo-screenshot"), file, QStringLiteral(SAMPLES "/depth.mkv")});
+    start({QStringLiteral("--screenshot"), file, QStringLiteral("--at"), QStringLiteral("5960"),
+           QStringLiteral("--mode"), QStringLiteral("red-cyan"), QStringLiteral("--depth"),
+           QStringLiteral("-0.03"), QStringLiteral(SAMPLES "/depth.mkv")});
     waitForExit(0);
-    QCOMPARE(QImage(file).size(), window.size());
+    const QImage shot(file);
+    QCOMPARE(shot.size(), QSize(702, 585));
+    const QImage expected = compose({filmFrame("5.96"), 0, 0}, {Kest3DRedCyan, -0.03}).picture;
+    const double difference = meanDifference(shot.copy(picture), expected);
+    QVERIFY2(difference < 2.5, qPrintable(QString::number(difference)));
 }
 
 QTEST_MAIN(tst_PreviewProgram)

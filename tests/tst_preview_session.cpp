@@ -2,6 +2,7 @@
 // Not here: the program around the dialog (tst_preview_program.cpp).
 #include "engine/mpv/kest_host.h"
 #include "host/previewdialog.h"
+#include "playwidget/playwidget.h"
 #include "realinput.h"
 
 #include <QCheckBox>
@@ -9,11 +10,13 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QSpinBox>
 #include <QStyle>
 #include <QStyleOptionSlider>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
 
@@ -24,6 +27,7 @@ class tst_PreviewSession : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void cleanup();
 
@@ -49,26 +53,35 @@ private:
     void editTwoFiles() const;
     tagKestFilterInfo kept(int fileId) const;
     void compareKept(int fileId, int mode, double depth) const;
+    void compareSettings(int mode, double depth, bool changed) const;
 
+    QTemporaryDir m_folder;
     std::unique_ptr<MediaEngine> m_engine;
     std::unique_ptr<PreviewDialog> m_dialog;
 };
+
+void tst_PreviewSession::initTestCase()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+    QVERIFY(QFile::copy(QStringLiteral(SAMPLES "/depth.mkv"),
+                        m_folder.filePath(QStringLiteral("other.mkv"))));
+}
 
 void tst_PreviewSession::init()
 {
     m_engine = std::make_unique<MediaEngine>(QStringLiteral("null"));
     QVERIFY(m_engine->handle());
-    QVector<MediaFile> files;
-    for (const char *path : {SAMPLES "/depth.mkv", SAMPLES "/tone.ogg", SAMPLES "/depth.mkv"})
-        files.append(m_engine->add(QString::fromUtf8(path)));
-    QVERIFY(files.at(1).audioOnly);
-
-    m_dialog = std::make_unique<PreviewDialog>(*m_engine, files, Options());
+    Options options;
+    options.json = true;  // OK has somewhere to put the settings, and asks nothing
+    m_dialog = std::make_unique<PreviewDialog>(*m_engine, options, Settings());
     m_dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
     RealInput::focus(m_dialog->winId());
-    m_dialog->start();
+    m_dialog->open({QStringLiteral(SAMPLES "/depth.mkv"), QStringLiteral(SAMPLES "/tone.ogg"),
+                    m_folder.filePath(QStringLiteral("other.mkv"))});
     QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("depth.mkv"));
+    QTRY_VERIFY(m_dialog->films().film(3)->isPlayable());
+    QVERIFY(m_dialog->films().film(2)->facts.audioOnly);
 }
 
 void tst_PreviewSession::cleanup()
@@ -132,7 +145,7 @@ void tst_PreviewSession::editTwoFiles() const
     QCOMPARE(draft.mode, int(Kest3DRedCyan));
 
     step("btnNextFile", QStringLiteral("tone.ogg"));
-    QCOMPARE(child<QComboBox>("cbx3DMode")->currentText(), QStringLiteral("Turn off 3D"));
+    QCOMPARE(child<QComboBox>("cbx3DMode")->currentText(), QStringLiteral("3D off"));
     step("btnPriorFile", QStringLiteral("depth.mkv"));
     QCOMPARE(child<QComboBox>("cbx3DMode")->currentText(), QStringLiteral("Red/Cyan"));
     QCOMPARE(child<QSpinBox>("edt3DPos")->value(), steps);
@@ -153,6 +166,17 @@ void tst_PreviewSession::compareKept(int fileId, int mode, double depth) const
     QCOMPARE(double(info.depth), depth);
 }
 
+void tst_PreviewSession::compareSettings(int mode, double depth, bool changed) const
+{
+    const Settings settings = m_dialog->settings();
+    QCOMPARE(settings.films().size(), 3);
+    for (const FilmSettings &film : settings.films()) {
+        QCOMPARE(film.mode, mode);
+        QCOMPARE(film.depth, depth);
+        QCOMPARE(film.changed, changed);
+    }
+}
+
 void tst_PreviewSession::okKeepsTheSettingsAndAppliesThemToAll()
 {
     editTwoFiles();
@@ -160,14 +184,14 @@ void tst_PreviewSession::okKeepsTheSettingsAndAppliesThemToAll()
     RealInput::click(m_dialog->mapToGlobal(
         child<QCheckBox>("chxApplyToAll")->mapTo(m_dialog.get(), QPoint(10, 10))));
     QTRY_VERIFY(child<QCheckBox>("chxApplyToAll")->isChecked());
-    QSignalSpy accepted(m_dialog.get(), &QDialog::accepted);
+    QSignalSpy accepted(m_dialog->player(), &PlayWidget::accepted);
     RealInput::click(middle(child<QDialogButtonBox>("buttonBox")->button(QDialogButtonBox::Ok)));
     QTRY_COMPARE(accepted.count(), 1);
 
     for (int fileId : {1, 2, 3})
         compareKept(fileId, Kest3DRedCyan, depth);
-    QCOMPARE(m_dialog->settings().count(QStringLiteral("red-cyan\t%1\tchanged").arg(depth)), 3);
-    QCOMPARE(m_dialog->errors(), QString());
+    compareSettings(Kest3DRedCyan, depth, true);
+    QCOMPARE(m_dialog->errors(), QStringList());
 }
 
 void tst_PreviewSession::cancelBringsEveryFileBack()
@@ -180,8 +204,8 @@ void tst_PreviewSession::cancelBringsEveryFileBack()
 
     compareKept(1, Kest3DTurnOff, 0.0);
     compareKept(2, Kest3DTurnOff, 0.0);
-    QCOMPARE(m_dialog->settings().count(QStringLiteral("off\t0\tunchanged")), 3);
-    QCOMPARE(m_dialog->errors(), QString());
+    compareSettings(Kest3DTurnOff, 0.0, false);
+    QCOMPARE(m_dialog->errors(), QStringList());
 }
 
 void tst_PreviewSession::escapeBringsEveryFileBack()
@@ -192,8 +216,8 @@ void tst_PreviewSession::escapeBringsEveryFileBack()
     QTRY_VERIFY(rejected.count() >= 1);
 
     compareKept(1, Kest3DTurnOff, 0.0);
-    QCOMPARE(m_dialog->settings().count(QStringLiteral("off\t0\tunchanged")), 3);
-    QCOMPARE(m_dialog->errors(), QString());
+    compareSettings(Kest3DTurnOff, 0.0, false);
+    QCOMPARE(m_dialog->errors(), QStringList());
 }
 
 void tst_PreviewSession::hidingStopsAndDropsTheEdit()
@@ -204,8 +228,9 @@ void tst_PreviewSession::hidingStopsAndDropsTheEdit()
 
     QCOMPARE(KestPause(m_engine->handle()), int(KestErrorNoEdit));
     compareKept(1, Kest3DTurnOff, 0.0);  // the edit is dropped
-    QCOMPARE(m_dialog->settings().count(QStringLiteral("red-cyan\t-0.012\tchanged")), 1);
-    QCOMPARE(m_dialog->errors(), QString());
+    QTRY_COMPARE(m_dialog->settings().films().at(0).mode, int(Kest3DRedCyan));
+    QCOMPARE(m_dialog->settings().films().at(0).depth, -0.012);
+    QCOMPARE(m_dialog->errors(), QStringList());
 }
 
 // The music picture covers a part of the video only, and the bar over it is translucent: whatever
