@@ -59,6 +59,8 @@ std::vector<Call> allCalls()
         {"GetFilter2, kind", [](void *e) { return KestGetFilter2(e, 1, 0, &info); },
          KestErrorFilterKind},
         {"RemoveFile", [](void *e) { return KestRemoveFile(e, 12345); }, KestErrorFileId},
+        {"SetStereoLayout", [](void *e) { return KestSetStereoLayout(e, 12345, 0); },
+         KestErrorFileId},
         {"AddFile, null", [](void *e) { return KestAddFile(e, 1, nullptr); }, KestErrorArgument},
         {"AddFile, empty", [](void *e) { return KestAddFile(e, 1, ""); }, KestErrorArgument},
     };

@@ -88,7 +88,8 @@ private Q_SLOTS:
                &tst_KestWalk::changeVolume, &tst_KestWalk::duration,   &tst_KestWalk::mediaInfo,
                &tst_KestWalk::begin,        &tst_KestWalk::end,        &tst_KestWalk::addFilter,
                &tst_KestWalk::addKept,      &tst_KestWalk::readFilter, &tst_KestWalk::readKept,
-               &tst_KestWalk::addFile,      &tst_KestWalk::removeFile, &tst_KestWalk::deadHandle};
+               &tst_KestWalk::addFile,      &tst_KestWalk::removeFile, &tst_KestWalk::setLayout,
+               &tst_KestWalk::deadHandle};
         for (int i = 0; i < callCount / 4; ++i) {
             (this->*steps[below(std::size(steps))])();
             if (QTest::currentTestFailed())
@@ -294,6 +295,15 @@ private:
         const auto &[path, code] = m_paths[std::size_t(below(m_paths.size()))];
         QCOMPARE(KestAddFile(m_engine, fileId, path.toUtf8().constData()), int(KestOk));
         m_model.files[fileId] = {code, {}};
+    }
+
+    void setLayout()
+    {
+        const int fileId = anyId(), layout = below(12) - 2;
+        const bool known
+            = layout >= KestLayoutAsTagged && layout <= KestLayoutTopBottomHalfRightFirst;
+        QCOMPARE(KestSetStereoLayout(m_engine, fileId, layout),
+                 firstOf(m_model.codeOfFile(fileId), known ? KestOk : KestErrorArgument));
     }
 
     void removeFile()

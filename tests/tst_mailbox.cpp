@@ -179,7 +179,7 @@ private Q_SLOTS:
         order = mailbox.wait();
         QVERIFY(!order.frameDue && order.settingNew);
         QCOMPARE(order.size, QSize(180, 320));
-        QCOMPARE(order.rotation, 90);
+        QCOMPARE(order.shape.rotation, 90);
         QCOMPARE(order.setting.depth, 0.2);
 
         mailbox.settle();

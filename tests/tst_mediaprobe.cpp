@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+Q_DECLARE_METATYPE(StereoLayout)
+
 namespace {
 
 MediaFacts probe(const QString &path)
@@ -79,6 +81,65 @@ private Q_SLOTS:
         QCOMPARE(facts.shape.rotation, 90);
         QCOMPARE(facts.shape.upright(), QSizeF(48, 64));
         QCOMPARE(first(facts, KestStreamPicture)->rotation, 90);
+    }
+
+    void tellsHowViewsArePacked_data()
+    {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<StereoLayout>("layout");
+        using Layout = StereoLayout;
+        QTest::newRow("none") << "mono" << Layout{};
+        QTest::newRow("side by side") << "left_right" << Layout{Layout::SideBySide, true, false};
+        QTest::newRow("right first") << "right_left" << Layout{Layout::SideBySide, true, true};
+        QTest::newRow("top") << "top_bottom" << Layout{Layout::TopBottom, true, false};
+        QTest::newRow("bottom") << "bottom_top" << Layout{Layout::TopBottom, true, true};
+        for (const char *other : {"checkerboard_lr", "row_interleaved_lr", "col_interleaved_rl",
+                                  "anaglyph_cyan_red", "block_lr"})
+            QTest::newRow(other) << other << Layout{};
+    }
+    void tellsHowViewsArePacked()
+    {
+        QFETCH(const QString, tag);
+        QFETCH(const StereoLayout, layout);
+        const MediaFacts facts
+            = probe(m_clips.make("packed.mkv",
+                                 "-f lavfi -i color=s=160x90:r=25:d=0.2 -c:v ffv1 -metadata:s:v "
+                                 "stereo_mode="
+                                     + tag));
+        QCOMPARE(facts.shape.layout, layout);
+        QCOMPARE(facts.shape.stored, QSize(160, 90));
+    }
+
+    void tellsHowAStreamItselfSaysThatViewsArePacked_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("coding");
+        QTest::addColumn<StereoLayout>("layout");
+        using Layout = StereoLayout;
+        const Layout beside = {Layout::SideBySide, true, false};
+        const Layout above = {Layout::TopBottom, true, false};
+        const QString h264 = "-c:v libx264 -x264-params frame-packing=";
+        QTest::newRow("Matroska") << "packing.mkv" << h264 + "3" << beside;
+        QTest::newRow("MP4, top") << "packing.mp4" << h264 + "4" << above;
+        QTest::newRow("transport stream") << "packing.ts" << h264 + "3" << beside;
+        QTest::newRow("raw") << "packing.h264" << h264 + "4" << above;
+        QTest::newRow("checkerboard") << "packing.mkv" << h264 + "0" << Layout{};
+        QTest::newRow("no packing") << "packing.mkv"
+                                    << "-c:v libx264" << Layout{};
+        QTest::newRow("the container knows better")
+            << "packing.mkv" << h264 + "3 -metadata:s:v stereo_mode=top_bottom" << above;
+    }
+    void tellsHowAStreamItselfSaysThatViewsArePacked()
+    {
+        QFETCH(const QString, file);
+        QFETCH(const QString, coding);
+        QFETCH(const StereoLayout, layout);
+        const QString clip
+            = m_clips.make(file,
+                           "-f lavfi -i color=s=160x90:r=25:d=0.2 -f lavfi -i sine=d=0.2 " + coding
+                               + (file.endsWith(".h264") ? " -map 0" : " -c:a mp2"));
+        QVERIFY(!clip.isEmpty());
+        QCOMPARE(probe(clip).shape.layout, layout);
     }
 
     void soundWithACoverHasNoPicture()

@@ -70,20 +70,26 @@ int squeezed(const QImage &picture, int x, int y, int shift, int columns, int ch
     return int((2 * sum + width) / (2 * width));
 }
 
-QRgb sideBySide(const QImage &picture, int x, int y, int shift)
+/// What the eyes see.
+struct Scene
 {
-    const int half = picture.width() / 2;
+    const QImage &left, &right;
+};
+
+QRgb sideBySide(Scene scene, int x, int y, int shift)
+{
+    const int width = scene.left.width(), half = width / 2;
     const bool right = x >= half;
     const auto value = [&](int channel) {
-        return squeezed(picture, right ? x - half : x, y, right ? -shift : shift,
-                        right ? picture.width() - half : half, channel);
+        return squeezed(right ? scene.right : scene.left, right ? x - half : x, y,
+                        right ? -shift : shift, right ? width - half : half, channel);
     };
     return qRgb(value(16), value(8), value(0));
 }
 
-QRgb composedPixel(const QImage &picture, int x, int y, int mode, int shift)
+QRgb composedPixel(Scene scene, int x, int y, int mode, int shift)
 {
-    const QRgb left = viewed(picture, x, y, shift), right = viewed(picture, x, y, -shift);
+    const QRgb left = viewed(scene.left, x, y, shift), right = viewed(scene.right, x, y, -shift);
     switch (mode) {
     case Kest3DRedGreen:
         return qRgb(qRed(left), qGreen(right), 0);
@@ -96,9 +102,9 @@ QRgb composedPixel(const QImage &picture, int x, int y, int mode, int shift)
     case Kest3DInterleaved:
         return y % 2 ? right : left;
     case Kest3DSlideBySlide:
-        return sideBySide(picture, x, y, shift);
+        return sideBySide(scene, x, y, shift);
     }
-    return at(picture, x, y);
+    return at(scene.left, x, y);
 }
 
 int shiftOf(double depth, int width)
@@ -108,14 +114,15 @@ int shiftOf(double depth, int width)
     return int(std::round(qMin(qMax(depth, -1.0), 1.0) * width * 128));
 }
 
-QString firstDifference(const QImage &picture, const QImage &composed, int mode, double depth)
+QString firstDifference(Scene scene, const QImage &composed, int mode, double depth)
 {
-    if (composed.size() != picture.size() || composed.format() != QImage::Format_RGB32)
+    const QSize size = scene.left.size();
+    if (composed.size() != size || composed.format() != QImage::Format_RGB32)
         return "another size or format";
-    const int shift = shiftOf(depth, picture.width());
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QRgb got = at(composed, x, y), right = composedPixel(picture, x, y, mode, shift);
+    const int shift = shiftOf(depth, size.width());
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            const QRgb got = at(composed, x, y), right = composedPixel(scene, x, y, mode, shift);
             if (got != right)
                 return QString("at %1, %2 with depth %3: %4 instead of %5")
                     .arg(x)
@@ -165,8 +172,12 @@ private Q_SLOTS:
     void equalsTheReference_data();
     void equalsTheReference();
     void equalsTheReferenceForWidePictures();
+    void equalsTheReferenceForTwoPictures_data() { equalsTheReference_data(); }
+    void equalsTheReferenceForTwoPictures();
     void readsForeignRowsOfAnyLength();
 
+    void eachEyeSeesItsOwnPicture();
+    void depthComesOnTopOfTwoPictures();
     void positiveDepthMovesTheLeftViewLeft();
     void halfAPixelIsTheMeanOfTwo();
     void withoutDepthOnlyTheChannelsCount();
@@ -181,6 +192,7 @@ private Q_SLOTS:
     void keepsTimeAndSerial();
     void otherModesShareThePixels_data();
     void otherModesShareThePixels();
+    void otherModesShareTheLeftPictureOfTwo();
     void noPictureStaysNoPicture();
 };
 
@@ -210,7 +222,7 @@ void tst_StereoComposer::equalsTheReference()
     for (double depth : {-0.3, -0.012, 0.0, 0.006, 0.3, 1.0, -1.0, 5.0, -5.0, std::nan(""),
                          infinity, -infinity, 2.0 / size.width(), -4.0 / size.width()}) {
         const Frame frame = compose({picture, 0, 0}, {mode, depth});
-        QCOMPARE(firstDifference(picture, frame.picture, mode, depth), QString());
+        QCOMPARE(firstDifference({picture, picture}, frame.picture, mode, depth), QString());
     }
 }
 
@@ -221,9 +233,24 @@ void tst_StereoComposer::equalsTheReferenceForWidePictures()
         for (int mode : {4, 8, 9}) {
             for (double depth : {0.0, 0.0123, -0.3}) {
                 const Frame frame = compose({picture, 0, 0}, {mode, depth});
-                QCOMPARE(firstDifference(picture, frame.picture, mode, depth), QString());
+                QCOMPARE(firstDifference({picture, picture}, frame.picture, mode, depth),
+                         QString());
             }
         }
+    }
+}
+
+void tst_StereoComposer::equalsTheReferenceForTwoPictures()
+{
+    QFETCH(const int, mode);
+    QFETCH(const QSize, size);
+    const QImage left = noise(size.width(), size.height());
+    const QImage right = noise(size.width(), size.height() + 1).copy(QRect(QPoint(0, 1), size));
+    QVERIFY(left != right);
+    for (double depth : {-0.3, -0.012, 0.0, 0.006, 0.3, 1.0, -4.0 / size.width()}) {
+        const Frame frame = compose({left, 0, 0, right}, {mode, depth});
+        QCOMPARE(firstDifference({left, right}, frame.picture, mode, depth), QString());
+        QVERIFY(frame.right.isNull());
     }
 }
 
@@ -245,6 +272,34 @@ void tst_StereoComposer::readsForeignRowsOfAnyLength()
             }
         }
     }
+}
+
+void tst_StereoComposer::eachEyeSeesItsOwnPicture()
+{
+    const QImage left = pictureOf(2, {0xff102030, 0xff405060, 0xff708090, 0xffa0b0c0});
+    const QImage right = pictureOf(2, {0xff010203, 0xff040506, 0xff070809, 0xff0a0b0c});
+    const auto both = [&](int mode) {
+        return pixelsOf(compose({left, 0, 0, right}, {mode, 0.0}).picture);
+    };
+    QCOMPARE(both(1), Pixels({0xff100200, 0xff400500, 0xff700800, 0xffa00b00}));
+    QCOMPARE(both(2), Pixels({0xff100003, 0xff400006, 0xff700009, 0xffa0000c}));
+    QCOMPARE(both(4), Pixels({0xff100203, 0xff400506, 0xff700809, 0xffa00b0c}));
+    QCOMPARE(both(6), Pixels({0xff010230, 0xff040560, 0xff070890, 0xff0a0bc0}));
+    QCOMPARE(both(8), Pixels({0xff102030, 0xff405060, 0xff070809, 0xff0a0b0c}));
+    QCOMPARE(both(9), Pixels({0xff283848, 0xff030405, 0xff8898a8, 0xff090a0b}));
+}
+
+void tst_StereoComposer::depthComesOnTopOfTwoPictures()
+{
+    // One column to either side, in opposite directions.
+    const QImage left = pictureOf(4, {black, black, 0xffaa0000, black});
+    const QImage right = pictureOf(4, {black, 0xff00bb00, black, black});
+    const auto both = [&](double depth) {
+        return pixelsOf(compose({left, 0, 0, right}, {Kest3DRedCyan, depth}).picture);
+    };
+    QCOMPARE(both(0.0), Pixels({black, 0xff00bb00, 0xffaa0000, black}));
+    QCOMPARE(both(0.5), Pixels({black, 0xffaa0000, 0xff00bb00, black}));
+    QCOMPARE(both(-0.5), Pixels({0xff00bb00, black, black, 0xffaa0000}));
 }
 
 void tst_StereoComposer::positiveDepthMovesTheLeftViewLeft()
@@ -368,6 +423,17 @@ void tst_StereoComposer::otherModesShareThePixels()
     const Frame result = compose(frame, {mode, 0.3});
     QCOMPARE(result.picture.cacheKey(), frame.picture.cacheKey());
     QCOMPARE(result.picture.constBits(), frame.picture.constBits());
+}
+
+void tst_StereoComposer::otherModesShareTheLeftPictureOfTwo()
+{
+    const QImage left = noise(9, 2), right = noise(9, 3).copy(0, 1, 9, 2);
+    for (int mode : {11, 0, 5, -1}) {
+        const Frame result = compose({left, 1, 2, right}, {mode, 0.3});
+        QCOMPARE(result.picture.constBits(), left.constBits());
+        QVERIFY(result.right.isNull());
+        QCOMPARE(result.serial, quint64(2));
+    }
 }
 
 void tst_StereoComposer::noPictureStaysNoPicture()

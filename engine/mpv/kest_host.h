@@ -1,4 +1,5 @@
-// For hosts of our own engine: open one, name its files, close it, and put a code into words.
+// For hosts of our own engine: open one, name its files and how they hold two views, close it, and
+// put a code into words.
 // Not here: playing (engine/kest.h), which works the same with any engine.
 #pragma once
 
@@ -9,7 +10,7 @@
 enum KestResult {
     KestOk = 0,
     KestErrorHandle = -1,      ///< null, closed or foreign handle, or one of another thread
-    KestErrorArgument = -2,    ///< a null pointer where one is needed
+    KestErrorArgument = -2,    ///< a null pointer where one is needed, or an unknown layout
     KestErrorFileId = -3,      ///< no file has this id
     KestErrorNoEdit = -4,      ///< no edit is open
     KestErrorFilterKind = -5,  ///< not a kind of filter that the engine has
@@ -26,6 +27,22 @@ enum KestResult {
 /// The longest time that a file is examined for, which is done when its length, its streams or an
 /// edit of it are asked for and it is new or has changed. The calling thread waits for it.
 enum { KestProbeMilliseconds = 3000 };
+
+/// How the views of a stereo film lie in its frames. Half: each view is squeezed to half of its width
+/// (side by side) or height (top and bottom), so that the frame is as large as one view; otherwise
+/// the frame is as large as both. The left eye's view lies left or above, unless it says right first.
+enum KestStereoLayout {
+    KestLayoutAsTagged = -1,  ///< as the file says, and flat where it says nothing
+    KestLayoutFlat = 0,       ///< no views: both eyes see the whole frame
+    KestLayoutSideBySide = 1,
+    KestLayoutSideBySideRightFirst = 2,
+    KestLayoutSideBySideHalf = 3,
+    KestLayoutSideBySideHalfRightFirst = 4,
+    KestLayoutTopBottom = 5,
+    KestLayoutTopBottomRightFirst = 6,
+    KestLayoutTopBottomHalf = 7,
+    KestLayoutTopBottomHalfRightFirst = 8
+};
 
 enum KestStreamKind {
     KestStreamPicture = 0,
@@ -70,12 +87,27 @@ KEST_EXPORT void KestClose(void *engine);
 
 /// Gives a file an id to be named by. The path is UTF-8 and is not looked at yet; a relative one
 /// means the folder of this moment. It is always a file on disk, never a URL. An id that is taken
-/// gets the new path and loses the filters kept for it; an edit that is open on it goes on with the
-/// old file.
+/// gets the new path and loses the filters and the layout set for it; an edit that is open on it goes
+/// on with the old file, shown as it was.
 KEST_EXPORT int KestAddFile(void *engine, int fileId, const char *utf8Path);
 
-/// Forgets a file and the filters kept for it. An edit that is open on it is ended without save.
+/// Forgets a file, the filters kept for it and its layout. An edit that is open on it is ended without save.
 KEST_EXPORT int KestRemoveFile(void *engine, int fileId);
+
+/// Sets how the views of both eyes lie in a file's frames, a KestStereoLayout, in place of what the
+/// file says; KestLayoutAsTagged takes that back. An edit that is open on the file shows it at once,
+/// playing or paused. It is kept as long as the file's id, whether edits are saved or not.
+///
+/// With two views, each 3D mode shows every eye its own, moved by the depth on top of the parallax
+/// that they have; the modes that show the plain picture show the left view.
+///
+/// As tagged: Matroska and WebM (StereoMode), MP4 and QuickTime (st3d), or else the frame packing in
+/// the first picture of H.264 and HEVC. Other packings than side by side and top and bottom count as
+/// flat. Tags do not tell half from whole. Each view has the shape
+/// that the file gives it, unless that is narrower than 5:4 or not narrower than 5:2, and doubling or
+/// halving its width leads in between: such files, which are common, are taken to mean that. Square
+/// views and others that are no film's may need to be told here.
+KEST_EXPORT int KestSetStereoLayout(void *engine, int fileId, int layout);
 
 /// What a code means, in one English sentence without a full stop. Static text, never null; an
 /// unknown code has a text of its own.

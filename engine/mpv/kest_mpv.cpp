@@ -120,6 +120,11 @@ int KestRemoveFile(void *engine, int fileId)
     return on(engine, [=](Session &session) { return session.removeFile(fileId); });
 }
 
+int KestSetStereoLayout(void *engine, int fileId, int layout)
+{
+    return on(engine, [=](Session &session) { return session.setLayout(fileId, layout); });
+}
+
 const char *KestErrorText(int code)
 {
     for (const ErrorRow &row : errorRows)

@@ -4,6 +4,7 @@
 
 #include "engine/mpv/fitting.h"
 #include "engine/mpv/frame.h"
+#include "engine/mpv/stereolayout.h"
 #include "engine/mpv/stereosetting.h"
 
 #include <QCoreApplication>
@@ -14,16 +15,20 @@
 #include <optional>
 #include <utility>
 
-/// How a film's picture is shown: its size in the right aspect before it is turned, and the turn.
+/// How a film's picture is shown: its size in the right aspect before it is turned, the turn, and
+/// where in the film's frames it lies.
 struct PictureShape
 {
     QSizeF size;
-    int rotation = 0;  ///< degrees clockwise: 0, 90, 180, 270
+    int rotation = 0;          ///< degrees clockwise: 0, 90, 180, 270
+    StereoLayout layout = {};  ///< of the two pictures in a frame before they are turned
+    QSize stored = {};         ///< pixels of a whole frame in the file; empty: unknown
 
     QSizeF upright() const { return rotation % 180 ? size.transposed() : size; }
     bool operator==(const PictureShape &other) const
     {
-        return size == other.size && rotation == other.rotation;
+        return size == other.size && rotation == other.rotation && layout == other.layout
+            && stored == other.stored;
     }
 };
 
@@ -37,7 +42,7 @@ struct RenderOrder
     quint64 epoch = 0;      ///< 0: no edit is open
     quint64 editEpoch = 0;  ///< pictures of an earlier epoch belong to an edit that is over
     QSize size;  ///< of the picture on screen, turned, in device pixels; empty: nobody sees it
-    int rotation = 0;
+    PictureShape shape;
     StereoSetting setting;
 };
 
@@ -203,7 +208,7 @@ public:
         order.epoch = m_editEpoch ? m_epoch : 0;
         order.editEpoch = m_editEpoch;
         order.size = fitted(m_area, m_shape.upright());
-        order.rotation = m_shape.rotation;
+        order.shape = m_shape;
         order.setting = m_setting;
         return order;
     }

@@ -2,10 +2,13 @@
 // Not here: libmpv; the two may differ on a broken file, and then the player has the last word.
 #include "engine/mpv/mediaprobe.h"
 
+#include "engine/mpv/framepacking.h"
+
 extern "C" {
 #include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
 #include <libavutil/display.h>
+#include <libavutil/stereo3d.h>
 }
 
 #include <algorithm>
@@ -25,6 +28,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int lowestProbeScore = 24;  // what a player still takes for an mp3 without a header
 constexpr int bufferSize = 64 * 1024;
+constexpr int packetLimit = 200;  // before the first picture of a stream
 
 /// A regular file, open for reading, and the moment at which patience ends.
 class Source
@@ -120,6 +124,12 @@ struct CloseFormat
     void operator()(AVFormatContext *format) const { avformat_close_input(&format); }
 };
 
+struct FreePacket
+{
+    void operator()(AVPacket *packet) const { av_packet_free(&packet); }
+};
+
+using PacketPointer = std::unique_ptr<AVPacket, FreePacket>;
 using IoPointer = std::unique_ptr<AVIOContext, FreeIo>;
 using FormatPointer = std::unique_ptr<AVFormatContext, CloseFormat>;
 
@@ -246,12 +256,55 @@ KestStreamInfo describe(AVFormatContext &format, AVStream &stream)
     return info;
 }
 
-PictureShape shapeOf(const KestStreamInfo &info)
+/// The first coded picture of a stream; libavformat has it in its buffers as a rule.
+std::vector<std::uint8_t> firstPicture(AVFormatContext &format, const AVStream &stream)
 {
-    const double wide = double(info.aspectNumerator) / info.aspectDenominator;
-    return {wide >= 1 ? QSizeF(info.width * wide, info.height)
-                      : QSizeF(info.width, info.height / wide),
-            info.rotation};
+    const PacketPointer packet(av_packet_alloc());
+    for (int i = 0; i < packetLimit && packet; ++i) {
+        if (av_read_frame(&format, packet.get()) < 0)
+            break;
+        if (packet->stream_index == stream.index)
+            return {packet->data, packet->data + packet->size};
+        av_packet_unref(packet.get());
+    }
+    return {};
+}
+
+StereoLayout packingInStream(AVFormatContext &format, const AVStream &stream)
+{
+    const AVCodecParameters &codec = *stream.codecpar;
+    const bool isHevc = codec.codec_id == AV_CODEC_ID_HEVC;
+    if (!isHevc && codec.codec_id != AV_CODEC_ID_H264)
+        return {};
+    // Where the codec's own record begins with a version, it tells how units are told apart.
+    const int place = isHevc ? 21 : 4;
+    const bool hasLengths = codec.extradata_size > place && codec.extradata[0] == 1;
+    const int lengthSize = hasLengths ? (codec.extradata[place] & 3) + 1 : 0;
+    return framePacking(isHevc ? NalCodec::Hevc : NalCodec::H264, firstPicture(format, stream),
+                        lengthSize);
+}
+
+/// Whether views are squeezed is not told.
+StereoLayout tagOf(AVFormatContext &format, AVStream &stream)
+{
+    const std::uint8_t *data = av_stream_get_side_data(&stream, AV_PKT_DATA_STEREO3D, nullptr);
+    if (!data)
+        return packingInStream(format, stream);
+    const auto &stereo = *reinterpret_cast<const AVStereo3D *>(data);
+    const bool rightFirst = stereo.flags & AV_STEREO3D_FLAG_INVERT;
+    if (stereo.type == AV_STEREO3D_SIDEBYSIDE)
+        return {StereoLayout::SideBySide, false, rightFirst};
+    if (stereo.type == AV_STEREO3D_TOPBOTTOM)
+        return {StereoLayout::TopBottom, false, rightFirst};
+    return {};
+}
+
+PictureShape shapeOf(AVFormatContext &format, AVStream &stream, const KestStreamInfo &info)
+{
+    const QSize stored(info.width, info.height);
+    const double pixel = double(info.aspectNumerator) / info.aspectDenominator;
+    const TaggedFrame frame = taggedFrame(stored, pixel, tagOf(format, stream));
+    return {frame.shape, info.rotation, frame.layout, stored};
 }
 
 long long durationOf(const AVFormatContext &format, const std::vector<KestStreamInfo> &streams)
@@ -279,7 +332,7 @@ MediaFacts factsOf(AVFormatContext &format)
     facts.duration = durationOf(format, facts.streams);
     const int best = av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     if (best >= 0 && isMovingPicture(*format.streams[best]))
-        facts.shape = shapeOf(facts.streams[std::size_t(best)]);
+        facts.shape = shapeOf(format, *format.streams[best], facts.streams[std::size_t(best)]);
     return facts;
 }
 

@@ -14,7 +14,8 @@ struct MediaFacts
 {
     int code = KestErrorNotFound;  ///< KestOk: it can be played; the rest is empty otherwise
     long long duration = 0;        ///< ms; 0 when the file does not say
-    PictureShape shape;  ///< of the stream that a player chooses; empty: no moving picture
+    PictureShape shape;  ///< of the stream that a player chooses, as a whole frame, with the layout
+                         ///< that the file tells; empty: no moving picture
     std::vector<KestStreamInfo> streams;
 };
 

@@ -56,7 +56,8 @@ void RenderThread::carryOut(const RenderOrder &order)
         m_plain = {};
         return;
     }
-    const bool rendered = fresh || missed || m_plain.picture.size() != order.size;
+    const bool rendered
+        = fresh || missed || m_plain.picture.size() != order.size || m_layout != order.shape.layout;
     if (rendered)
         render(order);
     if (rendered || order.settingNew)
@@ -65,9 +66,14 @@ void RenderThread::carryOut(const RenderOrder &order)
 
 void RenderThread::render(const RenderOrder &order)
 {
-    const bool lying = order.rotation % 180;
-    QImage picture = m_context->render(lying ? order.size.transposed() : order.size);
-    if (order.rotation)
-        picture = picture.transformed(QTransform().rotate(order.rotation));
-    m_plain = {picture, steadyMilliseconds(), m_plain.serial + 1};
+    const PictureShape &shape = order.shape;
+    const QSize view = shape.rotation % 180 ? order.size.transposed() : order.size;
+    Eyes eyes
+        = eyesOf(m_context->render(frameSize(view, shape.layout)), shape.stored, shape.layout);
+    if (shape.rotation) {
+        const auto turn = QTransform().rotate(shape.rotation);
+        eyes = {eyes.left.transformed(turn), eyes.right.transformed(turn)};
+    }
+    m_plain = {eyes.left, steadyMilliseconds(), m_plain.serial + 1, eyes.right};
+    m_layout = shape.layout;
 }

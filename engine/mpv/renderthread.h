@@ -33,7 +33,8 @@ private:
 
     // --- render thread only
     Frame m_plain;  // as rendered, before it is composed; a new 3D setting starts from it again
-    quint64 m_epoch = 0;  // that the player's picture came in; 0: it has none
+    StereoLayout m_layout;  // that its pictures were taken out of the film's frame by
+    quint64 m_epoch = 0;    // that the player's picture came in; 0: it has none
 
     std::thread m_thread;
 };

@@ -47,7 +47,7 @@ void Session::close()
 int Session::addFile(int fileId, const char *utf8Path)
 {
     // A relative name means the folder of this moment; an absolute one is never taken for a URL.
-    m_files[fileId] = std::filesystem::absolute(utf8Path).string();
+    m_files[fileId] = {std::filesystem::absolute(utf8Path).string()};
     m_filters.remove(fileId);
     m_probe.forget(fileId);
     return KestOk;
@@ -65,12 +65,28 @@ int Session::removeFile(int fileId)
     return KestOk;
 }
 
+int Session::setLayout(int fileId, int name)
+{
+    const auto file = m_files.find(fileId);
+    if (file == m_files.end())
+        return KestErrorFileId;
+    const std::optional<StereoLayout> layout = layoutNamed(name);
+    if (!layout && name != KestLayoutAsTagged)
+        return KestErrorArgument;
+    file->second.layout = layout;
+    if (m_edit && m_edit->fileId == fileId && m_edit->file.path == file->second.path) {
+        m_edit->file.layout = layout;
+        m_mailbox->setShape(shape());
+    }
+    return KestOk;
+}
+
 int Session::duration(int fileId, long long *milliseconds)
 {
     const auto file = m_files.find(fileId);
     if (file == m_files.end())
         return KestErrorFileId;
-    const MediaFacts &facts = m_probe.facts(fileId, file->second);
+    const MediaFacts &facts = m_probe.facts(fileId, file->second.path);
     if (facts.code == KestOk)
         *milliseconds = facts.duration;
     return facts.code;
@@ -81,7 +97,7 @@ int Session::mediaInfo(int fileId, void **records)
     const auto file = m_files.find(fileId);
     if (file == m_files.end())
         return KestErrorFileId;
-    MediaFacts &facts = m_probe.facts(fileId, file->second);
+    MediaFacts &facts = m_probe.facts(fileId, file->second.path);
     if (facts.code != KestOk)
         return facts.code;
     *records = facts.streams.data();
@@ -98,14 +114,23 @@ int Session::beginEdit(const EditBeginParams &params)
     dropEdit(true);
     m_filters.begin(params.fileId);
     m_edit = Edit{++m_editCount,   params.fileId,
-                  file->second,    m_probe.facts(params.fileId, file->second),
+                  file->second,    m_probe.facts(params.fileId, file->second.path),
                   params.callback, params.userData};
-    m_mailbox->beginEdit(m_filters.draft().value_or(StereoSetting()), m_edit->facts.shape);
+    m_mailbox->beginEdit(m_filters.draft().value_or(StereoSetting()), shape());
     if (params.firstWindow)
         showIn(params.firstWindow);
     advance();
     report(Playing, 0);
     return KestOk;
+}
+
+/// How the open edit's film is shown.
+PictureShape Session::shape() const
+{
+    PictureShape shape = m_edit->facts.shape;
+    shape.layout = m_edit->file.layout.value_or(shape.layout);
+    shape.size = viewShape(shape.size, shape.layout);
+    return shape;
 }
 
 void Session::showIn(CVideoWnd *window)
@@ -218,7 +243,7 @@ void Session::advance()
     if (m_player == Player::Idle && wanted) {
         m_mailbox->filmBegun();
         m_core->setPaused(!m_edit->playing);
-        m_core->load(m_edit->path);
+        m_core->load(m_edit->file.path);
         m_player = Player::Starting;
         m_playerEdit = m_edit->serial;
     } else if ((m_player == Player::Opening || m_player == Player::Ready) && !playerHasEdit()) {

@@ -44,6 +44,7 @@ public:
 
     int addFile(int fileId, const char *utf8Path);
     int removeFile(int fileId);
+    int setLayout(int fileId, int name);
     int duration(int fileId, long long *milliseconds);
     int mediaInfo(int fileId, void **records);
 
@@ -66,11 +67,17 @@ private:
     /// What the player is doing, as far as its events have told.
     enum class Player { Idle, Starting, Opening, Ready, Leaving };
 
+    struct File
+    {
+        std::string path;
+        std::optional<StereoLayout> layout = {};  // none: as the file says
+    };
+
     struct Edit
     {
         quint64 serial;
         int fileId;
-        std::string path;
+        File file;
         MediaFacts facts;
         KestEventCallback callback;
         void *userData;
@@ -88,6 +95,7 @@ private:
     bool start(const char *audioOutput);
     int editCode() const;
     bool playerHasEdit() const;
+    PictureShape shape() const;
     void showIn(CVideoWnd *window);
     void dropEdit(bool save);
     void advance();
@@ -108,7 +116,7 @@ private:
     void fileFailed();
     void report(int state, unsigned int position);
 
-    std::map<int, std::string> m_files;
+    std::map<int, File> m_files;
     FilterStore m_filters;
     MediaProbe m_probe;
     std::optional<Edit> m_edit;

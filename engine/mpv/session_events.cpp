@@ -147,13 +147,17 @@ void Session::takeAtEnd(bool atEnd, bool asked)
     report(Ended, withinFilm(m_edit->facts.duration));
 }
 
+/// Of a film tagged as stereo the player may mean a view or the whole frame, as its container does.
 void Session::takeShape(const mpv_node &params)
 {
-    if (params.format != MPV_FORMAT_NODE_MAP)
+    PictureShape &frame = m_edit->facts.shape;
+    if (params.format != MPV_FORMAT_NODE_MAP || frame.layout.packing != StereoLayout::Flat)
         return;
     const QSizeF size(numberOf(params, "dw"), numberOf(params, "dh"));
-    if (!size.isEmpty())
-        m_mailbox->setShape({size, m_edit->facts.shape.rotation});
+    if (size.isEmpty())
+        return;
+    frame.size = size;
+    m_mailbox->setShape(shape());
 }
 
 /// A picture or a sound is there after loading or a seek.

@@ -1,4 +1,4 @@
-// How two eyes' views of one picture are made and put together, row by row.
+// How two eyes' views are moved and put together, row by row.
 // Not here: when a picture is composed (renderthread.cpp).
 #include "engine/mpv/stereocomposer.h"
 
@@ -116,24 +116,28 @@ void squeeze(const quint32 *middle, int width, quint32 *to, int columns)
 
 /// Composes row after row. The row at hand lies between two stretches of black, as wide as the views
 /// are moved: a view by whole columns is the same memory, read from another column on. Other views
-/// lie between such a near one and the next, the far one, by the same share for both eyes.
+/// lie between such a near one and the next, the far one, by the same share for both eyes. Eyes that
+/// see one picture share its row.
 class Composer
 {
 public:
     /// `shift` is how far to the right the left eye looks, in 1/256 of a column.
-    Composer(const Mode &mode, int width, int shift)
+    Composer(const Mode &mode, int width, int shift, bool sharedRow)
         : m_mode(mode)
         , m_width(width)
         , m_columns(shift >> 8)
         , m_share(quint32(shift) & 0xff)
         , m_margin(std::abs(m_columns) + 1)
-        , m_row(size_t(width) + 2 * size_t(m_margin))
+        , m_leftRow(size_t(width) + 2 * size_t(m_margin))
+        , m_rightRow(sharedRow ? 0 : m_leftRow.size())
         , m_view(size_t(width) + 2)
     { }
 
-    void compose(const uchar *row, bool odd, quint32 *to)
+    void compose(const uchar *left, const uchar *right, bool odd, quint32 *to)
     {
-        std::memcpy(m_row.data() + m_margin, row, size_t(m_width) * sizeof(quint32));
+        take(left, m_leftRow);
+        if (!m_rightRow.empty())
+            take(right, m_rightRow);
         const Masks masks = odd ? m_mode.odd : m_mode.even;
         if (m_mode.halves)
             composeHalves(to);
@@ -144,6 +148,11 @@ public:
     }
 
 private:
+    void take(const uchar *row, std::vector<quint32> &to)
+    {
+        std::memcpy(to.data() + m_margin, row, size_t(m_width) * sizeof(quint32));
+    }
+
     void composeHalves(quint32 *to)
     {
         const int half = m_width / 2;
@@ -170,8 +179,8 @@ private:
 
     Views moved(int columns) const
     {
-        const quint32 *row = m_row.data() + m_margin;
-        return {row + columns, row - columns};
+        const std::vector<quint32> &rightRow = m_rightRow.empty() ? m_leftRow : m_rightRow;
+        return {m_leftRow.data() + m_margin + columns, rightRow.data() + m_margin - columns};
     }
 
     const Mode m_mode;
@@ -179,7 +188,7 @@ private:
     const int m_columns;
     const quint32 m_share;
     const int m_margin;
-    std::vector<quint32> m_row, m_view;
+    std::vector<quint32> m_leftRow, m_rightRow, m_view;
 };
 
 int shiftFor(double depth, int width)
@@ -195,14 +204,15 @@ Frame compose(const Frame &frame, StereoSetting setting)
     const auto isWanted = [setting](const Mode &mode) { return mode.mode == setting.mode; };
     const Mode *mode = std::find_if(std::begin(modes), std::end(modes), isWanted);
     if (mode == std::end(modes) || frame.picture.isNull())
-        return frame;
+        return {frame.picture, frame.time, frame.serial};
 
-    const QImage &picture = frame.picture;
-    QImage composed(picture.size(), QImage::Format_RGB32);
-    Composer composer(*mode, picture.width(), shiftFor(setting.depth, picture.width()));
-    for (int y = 0; y < picture.height(); ++y) {
+    const bool shared = frame.right.isNull();
+    const QImage &left = frame.picture, &right = shared ? left : frame.right;
+    QImage composed(left.size(), QImage::Format_RGB32);
+    Composer composer(*mode, left.width(), shiftFor(setting.depth, left.width()), shared);
+    for (int y = 0; y < left.height(); ++y) {
         auto *to = reinterpret_cast<quint32 *>(composed.scanLine(y));
-        composer.compose(picture.constScanLine(y), y % 2, to);
+        composer.compose(left.constScanLine(y), right.constScanLine(y), y % 2, to);
     }
     return {composed, frame.time, frame.serial};
 }
