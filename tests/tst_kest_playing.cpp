@@ -12,6 +12,20 @@ constexpr QRgb blue = 0xff0000ff;
 constexpr QRgb white = 0xffffffff;
 constexpr QRgb black = 0xff000000;
 
+/// How far two pictures of one size are apart, as the mean over all channels.
+double difference(const QImage &one, const QImage &other)
+{
+    qint64 sum = 0;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb a = one.pixel(x, y), b = other.pixel(x, y);
+            sum += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b))
+                + qAbs(qBlue(a) - qBlue(b));
+        }
+    }
+    return double(sum) / (3.0 * one.width() * one.height());
+}
+
 }  // namespace
 
 class tst_KestPlaying : public QObject
@@ -294,6 +308,25 @@ private Q_SLOTS:
         QVERIFY(EngineStage::near(stage.pixel(0, 43), red));
         QVERIFY(EngineStage::near(stage.pixel(199, 155), red));
         QCOMPARE(stage.pixel(100, 156), black);
+    }
+
+    void picturesFarFromAKeyFrameAreThoseOfAFullDecode()
+    {
+        const QString starved = m_clips.make(
+            "starved.mkv",
+            "-f lavfi -i testsrc2=s=320x180:r=25:d=4 -vf noise=alls=20:allf=t "
+            "-c:v libx264 -preset veryfast -crf 42 -g 250 -threads 1 -pix_fmt yuv420p");
+        const QString full = m_clips.make("full.mkv", "-i " + starved + " -c:v ffv1");
+        EngineStage stage, reference;
+        QCOMPARE(stage.open(starved), int(KestOk));
+        QCOMPARE(reference.open(full), int(KestOk));
+        QTRY_VERIFY(!stage.showsAtCentre(black) && !reference.showsAtCentre(black));
+        const QImage first = reference.grab();
+        for (EngineStage *one : {&stage, &reference})
+            QCOMPARE(KestSetCurPos(one->engine, 3600), int(KestOk));
+        QTRY_VERIFY(difference(reference.grab(), first) > 3);
+        QTRY_VERIFY2(difference(stage.grab(), reference.grab()) < 1,
+                     qPrintable(QString::number(difference(stage.grab(), reference.grab()))));
     }
 
     void windowsOfAnySizeShowThePicture()

@@ -53,8 +53,14 @@ constexpr Option options[] = {
     {"keepaspect", "no"},
     {"video-rotate", "no"},
     {"video-timing-offset", "0"},
-    {"zimg-threads", "1"},
-    {"zimg-scaler", "bilinear"},  // a third faster than the default, and a preview mostly shrinks
+    // Means of areas, at the accuracy of a screen: half the cost of the default converter, and a
+    // preview mostly shrinks. Where it enlarges this is bilinear.
+    {"sws-allow-zimg", "no"},
+    {"sws-scaler", "area"},
+    {"sws-fast", "yes"},
+    // Pictures that no other builds on are left unfiltered: that saves 7 % of decoding H.264, and
+    // they are hardly told from filtered ones. To filter none would add up until the next key frame.
+    {"vd-lavc-skiploopfilter", "nonref"},
     {"hwdec", "no"},
     {"cache", "no"},
 };
