@@ -112,6 +112,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    friend class TrackerDrag;  // drags by keys and by assistive technology
+
     // imagetracker.cpp
     int half() const;
     bool isOverHandle(const QPoint &position) const;

@@ -2,6 +2,8 @@
 // Not here: any behaviour but the host's view of an item and of the error list.
 #include "playwidget/playwidget.h"
 
+#include "playwidget/accessibleplayer.h"
+#include "playwidget/keyboardaccess.h"
 #include "playwidget/playwidget_impl.h"
 
 namespace {
@@ -24,10 +26,13 @@ PlayWidget::PlayWidget(QWidget *parent)
 {
     connect(m_impl, &PlayWidget_Impl::accepted, this, &PlayWidget::accepted);
     connect(m_impl, &PlayWidget_Impl::rejected, this, &PlayWidget::rejected);
+    new AccessiblePlayer(m_impl);
+    setKeyboardAccess(this, true);
 }
 
 PlayWidget::~PlayWidget()
 {
+    setKeyboardAccess(this, false);  // it must not outlive the controls that it watches
     delete m_impl;
 }
 
@@ -76,6 +81,7 @@ void PlayWidget::set3DModeVisible(tagKest3DMode mode)
 void PlayWidget::setTranslationText(TranslationTextID id, const QString &text)
 {
     m_impl->setTranslationText(static_cast<PlayWidget_Impl::TranslationTextID>(id), text);
+    AccessiblePlayer::of(m_impl)->nameControls();
 }
 
 int PlayWidget::setMovie3DPropsDirect(void *engine, int fileId, int mode, double depth)

@@ -159,6 +159,12 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    // What attaches to a player from outside, so that everyone can operate it.
+    friend class AccessiblePlayer;
+    friend class AccessibleValues;
+    friend class KeyboardNavigation;
+    friend class OverlayHold;
+
     // playwidget_impl.cpp
     void connectSlotToSignals();
 

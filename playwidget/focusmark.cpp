@@ -1,0 +1,47 @@
+// FocusMark: where the frame stands and how it looks.
+// Not here: when there is one.
+#include "playwidget/focusmark.h"
+
+#include <QEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int margin = 4;  // px around the control
+constexpr qreal radius = 4;
+
+}  // namespace
+
+FocusMark::FocusMark(QWidget *control)
+    : QFocusFrame(control->parentWidget())
+    , m_control(control)
+{
+    control->installEventFilter(this);
+    follow();
+    raise();
+    show();
+}
+
+bool FocusMark::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+        follow();
+    return QFocusFrame::eventFilter(watched, event);
+}
+
+void FocusMark::follow()
+{
+    setGeometry(m_control->geometry().adjusted(-margin, -margin, margin, margin));
+}
+
+void FocusMark::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setClipRegion(QRegion(rect()) - rect().adjusted(margin, margin, -margin, -margin));
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF frame = QRectF(rect()).adjusted(2, 2, -2, -2);
+    painter.setPen(QPen(QColor(255, 255, 255, 220), 4));
+    painter.drawRoundedRect(frame, radius, radius);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRoundedRect(frame, radius, radius);
+}
