@@ -10,13 +10,29 @@ namespace {
 constexpr int margin = 4;  // px around the control
 constexpr qreal radius = 4;
 
+QRect frameIn(QWidget *parent, const QWidget *control)
+{
+    return QRect(control->mapTo(parent, QPoint()), control->size())
+        .adjusted(-margin, -margin, margin, margin);
+}
+
+// The nearest one with room for the frame: a box of buttons ends where they do.
+QWidget *parentFor(const QWidget *control)
+{
+    QWidget *parent = control->parentWidget();
+    while (!parent->isWindow() && !parent->rect().contains(frameIn(parent, control)))
+        parent = parent->parentWidget();
+    return parent;
+}
+
 }  // namespace
 
 FocusMark::FocusMark(QWidget *control)
-    : QFocusFrame(control->parentWidget())
+    : QFocusFrame(parentFor(control))
     , m_control(control)
 {
-    control->installEventFilter(this);
+    for (QWidget *moving = control; moving != parentWidget(); moving = moving->parentWidget())
+        moving->installEventFilter(this);
     follow();
     raise();
     show();
@@ -31,7 +47,7 @@ bool FocusMark::eventFilter(QObject *watched, QEvent *event)
 
 void FocusMark::follow()
 {
-    setGeometry(m_control->geometry().adjusted(-margin, -margin, margin, margin));
+    setGeometry(frameIn(parentWidget(), m_control));
 }
 
 void FocusMark::paintEvent(QPaintEvent *)

@@ -4,15 +4,16 @@
 
 #include <QFocusFrame>
 
-/// Lies over the control and what is next to it, follows it, and takes no mouse. Painted in the
-/// highlight colour between two lines of its opposite, so that it stands out on the dark bar, on any
-/// film and on a light or dark desktop. Being a QFocusFrame, assistive technology does not see it.
+/// Lies over what is next to the control, follows it, and takes no mouse. Painted in the highlight
+/// colour between two white lines, so that it stands out on the dark bar, on any film and on a light
+/// or dark desktop. Being a QFocusFrame, assistive technology does not see it.
 class FocusMark : public QFocusFrame
 {
     Q_OBJECT
 
 public:
-    /// Becomes a child of the control's parent, which it must have, and is shown at once.
+    /// Becomes a child of the control's parent, which it must have, or of one further out where that
+    /// has no room, and is shown at once.
     explicit FocusMark(QWidget *control);
 
 protected:

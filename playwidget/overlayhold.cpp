@@ -65,7 +65,8 @@ bool OverlayHold::eventFilter(QObject *watched, QEvent *event)
 }
 
 // Qt passes over what is hidden, so the bar is there before the focus moves. Where the focus does
-// not come into it, it is gone again before anything is painted.
+// not come into it, it is gone again before anything is painted; but with the mouse over the video
+// it goes as after a move.
 void OverlayHold::openForTab()
 {
     if (m_player.ui.panPlayControl->isHidden())

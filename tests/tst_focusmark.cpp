@@ -46,6 +46,7 @@ private Q_SLOTS:
     void standsAroundTheControl();
     void leavesTheControlAsItIs();
     void followsTheControl();
+    void standsFurtherOutWhereThereIsNoRoom();
     void letsTheMouseThrough();
     void isNoPartOfTheAccessibleTree();
     void goesWithTheControlsParent();
@@ -70,6 +71,21 @@ void tst_FocusMark::followsTheControl()
     Marked marked;
     marked.button.setGeometry(10, 10, 30, 30);
     QCOMPARE(marked.mark->geometry(), QRect(6, 6, 38, 38));
+}
+
+void tst_FocusMark::standsFurtherOutWhereThereIsNoRoom()
+{
+    QWidget page;
+    QWidget box(&page);
+    QPushButton button(&box);
+    box.setGeometry(100, 50, 80, 20);
+    button.setGeometry(20, 0, 60, 20);
+    const FocusMark mark(&button);
+    QCOMPARE(mark.parentWidget(), &page);
+    QCOMPARE(mark.geometry(), QRect(116, 46, 68, 28));
+    page.show();
+    box.move(200, 50);
+    QCOMPARE(mark.geometry(), QRect(216, 46, 68, 28));
 }
 
 void tst_FocusMark::letsTheMouseThrough()

@@ -565,8 +565,9 @@ void tst_KeyboardAccess::marksWhatTheKeysReached()
             continue;
         }
         QVERIFY2(desk.mark() && desk.mark()->isVisible(), qPrintable(desk.focus()));
-        QCOMPARE(desk.mark()->parentWidget(), control->parentWidget());
-        QCOMPARE(desk.mark()->geometry().center(), control->geometry().center());
+        QWidget *page = desk.mark()->parentWidget();
+        QCOMPARE(desk.mark()->geometry().center(), control->mapTo(page, control->rect().center()));
+        QVERIFY2(page->rect().contains(desk.mark()->geometry()), qPrintable(desk.focus()));
     }
 }
 
