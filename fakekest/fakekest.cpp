@@ -142,6 +142,11 @@ QStringList FakeKest::takeCalls()
     return std::exchange(record().calls, QStringList());
 }
 
+QStringList FakeKest::calls() const
+{
+    return record().calls;
+}
+
 void FakeKest::note(const QString &line)
 {
     record().calls.append(line);

@@ -17,7 +17,8 @@ class tst_FilmDialog : public QObject
 private Q_SLOTS:
     void init() { fake.reset(); }
 
-    void opensTheFilmInTheHostsSettings();
+    void opensTheFilmAndPlaysIt();
+    void showsTheFilmIn3DAsTold();
     void saysThatTheFilmCannotBeNamed();
     void tellsWhatTheEngineRefused();
     void keepsTheSettingsOnOk();
@@ -34,18 +35,25 @@ static void press(const FilmDialog &dialog, QDialogButtonBox::StandardButton but
     dialog.player().findChild<QDialogButtonBox *>()->button(button)->click();
 }
 
-void tst_FilmDialog::opensTheFilmInTheHostsSettings()
+void tst_FilmDialog::opensTheFilmAndPlaysIt()
 {
     FilmDialog dialog(FakeKest::handle());
     fake.setDuration(7, 60000);
-    dialog.openFilm(7, "/films/a.mkv", Kest3DRedCyan, -0.01);
-    QCOMPARE(fake.takeCalls(),
-             QStringList({"KestAddFile(7, \"/films/a.mkv\")", "KestGetMediaDuration(7)",
-                          "KestEditBegin(7)", "CVideoWnd::resetSessionState()",
-                          "KestGetFilter2(7, 9)", "KestAddFilter2(7, 9, mode 4, depth -0.01)",
-                          "KestAddFilter(9, mode 4, depth -0.01)", "KestChangeVolume(100)",
-                          "KestPlay()"}));
+    dialog.openFilm(7, "/films/a.mkv", Kest3DTurnOff, 0);
+    QCOMPARE(
+        fake.takeCalls(),
+        QStringList({"KestAddFile(7, \"/films/a.mkv\")", "KestGetMediaDuration(7)",
+                     "KestEditBegin(7)", "CVideoWnd::resetSessionState()", "KestGetFilter2(7, 9)",
+                     "KestAddFilter2(7, 9, mode 11, depth 0)", "KestAddFilter(9, mode 11, depth 0)",
+                     "KestChangeVolume(100)", "KestPlay()"}));
     QCOMPARE(dialog.message(), QString());
+}
+
+void tst_FilmDialog::showsTheFilmIn3DAsTold()
+{
+    FilmDialog dialog(FakeKest::handle());
+    dialog.openFilm(7, "/films/a.mkv", Kest3DRedCyan, -0.012);
+    QVERIFY(fake.calls().contains("KestAddFilter(9, mode 4, depth -0.012)"));
 }
 
 void tst_FilmDialog::saysThatTheFilmCannotBeNamed()
@@ -69,7 +77,7 @@ void tst_FilmDialog::tellsWhatTheEngineRefused()
 void tst_FilmDialog::keepsTheSettingsOnOk()
 {
     FilmDialog dialog(FakeKest::handle());
-    dialog.openFilm(7, "/films/a.mkv", Kest3DRedCyan, -0.01);
+    dialog.openFilm(7, "/films/a.mkv", Kest3DRedCyan, -0.012);
     fake.takeCalls();
     press(dialog, QDialogButtonBox::Ok);
     QVERIFY(fake.takeCalls().contains("KestEditEnd(true)"));
@@ -79,7 +87,7 @@ void tst_FilmDialog::keepsTheSettingsOnOk()
 void tst_FilmDialog::dropsTheSettingsOnCancel()
 {
     FilmDialog dialog(FakeKest::handle());
-    dialog.openFilm(7, "/films/a.mkv", Kest3DRedCyan, -0.01);
+    dialog.openFilm(7, "/films/a.mkv", Kest3DRedCyan, -0.012);
     fake.takeCalls();
     press(dialog, QDialogButtonBox::Cancel);
     QVERIFY(fake.takeCalls().contains("KestEditEnd(false)"));
@@ -93,7 +101,7 @@ void tst_FilmDialog::endsTheEditWhenTheFilmEndsLate()
     fake.takeCalls();
     fake.sendEventLater(20, 0, 5, 60000);  // 5: the film has ended
     QCOMPARE(fake.takeCalls(), QStringList());
-    QTRY_VERIFY(fake.takeCalls().contains("KestEditEnd(true)"));
+    QTRY_VERIFY(fake.calls().contains("KestEditEnd(true)"));
 }
 
 void tst_FilmDialog::waitsForASlowEngine()

@@ -15,6 +15,7 @@ function(playwidget_consumer name source program)
   add_test(NAME consumer_${name}
     COMMAND ${CMAKE_CTEST_COMMAND}
       --build-and-test ${source} ${build}
+      --build-noclean
       --build-generator ${CMAKE_GENERATOR}
       --build-options -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
         ${arg_OPTIONS}

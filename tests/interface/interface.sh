@@ -3,10 +3,12 @@
 # Usage: interface.sh [--accept] LIBRARY LIST
 set -euo pipefail
 
-# Without the marks of the linker, and with the forms of one constructor as one line.
+# Without the marks of the linker, with the forms of one constructor as one line, and with the one
+# type that differs between Qt 5 and Qt 6 under our own name for it.
 exported() {
     nm --dynamic --defined-only --demangle "$1" | cut -d' ' -f3- \
-        | grep -vxE '_edata|_end|__bss_start' | LC_ALL=C sort -u
+        | grep -vxE '_edata|_end|__bss_start' \
+        | sed -E 's/::enterEvent\(Q(Enter)?Event\*\)/::enterEvent(EnterEvent*)/' | LC_ALL=C sort -u
 }
 
 if [[ $1 == --accept ]]; then

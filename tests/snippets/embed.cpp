@@ -30,7 +30,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     const QString film = QApplication::arguments().value(1);
     int mode = Kest3DRedCyan;
-    double depth = -0.01;  // a share of the picture's width; negative comes out of the screen
+    double depth = -0.012;  // a share of the picture's width; negative comes out of the screen
 
     void *engine = KestOpen(nullptr);  // null: the system's sound output
     KestAddFile(engine, 1, film.toUtf8().constData());
