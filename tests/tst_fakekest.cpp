@@ -85,6 +85,7 @@ void tst_FakeKest::writesEveryCallDownInOrder()
     KestOpen(nullptr);
     KestOpen("null");
     KestAddFile(engine, 7, "/films/\xc3\xa4.mkv");
+    KestSetStereoLayout(engine, 7, KestLayoutUnset);
     KestGetMediaDuration(engine, 7, &duration);
     KestGetMediaInfo(engine, 7, &records);
     KestEditBegin(engine, &edit);

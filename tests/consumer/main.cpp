@@ -4,6 +4,7 @@
 #include "controls/imagetracker.h"
 #include "engine/mpv/kest_host.h"
 #include "engine/videownd.h"
+#include "playwidget/keyboardaccess.h"
 #include "playwidget/playwidget.h"
 
 #include <QApplication>
@@ -30,6 +31,7 @@ int main(int argc, char **argv)
     QString errors;
     {
         PlayWidget player;
+        setKeyboardAccess(&player, false);
         player.resize(player.actualSize());
         player.initialize(engine, Kest3DTurnOff);
         player.addPlayItem(1, QString::fromLocal8Bit(argv[1]), false, Kest3DRedCyan, -0.01);
