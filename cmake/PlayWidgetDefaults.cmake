@@ -11,13 +11,8 @@ set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 
-if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
-endif()
-
-# Unless the builder or an embedding project says otherwise; the choice stays in this folder.
-if(NOT DEFINED BUILD_SHARED_LIBS)
-  set(BUILD_SHARED_LIBS ON)
 endif()
 
 # Compile options for our own targets; an embedding project's targets stay as they are.
@@ -33,4 +28,9 @@ if(PLAYWIDGET_SANITIZE)
   target_compile_options(playwidget_options INTERFACE
     -fsanitize=${PLAYWIDGET_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
   target_link_options(playwidget_options INTERFACE -fsanitize=${PLAYWIDGET_SANITIZE})
+endif()
+
+if(PLAYWIDGET_COVERAGE)
+  target_compile_options(playwidget_options INTERFACE --coverage -fprofile-update=atomic)
+  target_link_options(playwidget_options INTERFACE --coverage)
 endif()
