@@ -65,11 +65,19 @@ void measure(PaintWatch &application, QSize size)
     QImage picture(size, QImage::Format_RGB32);
     picture.fill(Qt::darkCyan);
     std::vector<double> our, other;
-    for (int turn = 0; turn < turns; ++turn) {
+    const auto paintOurs = [&] {
         our.push_back(paint(application, ours, [&] {
             mailbox->post({picture, 0, 0}, mailbox->epoch());
         }));
-        other.push_back(paint(application, plain, [&] { plain.show(picture); }));
+    };
+    const auto paintPlain
+        = [&] { other.push_back(paint(application, plain, [&] { plain.show(picture); })); };
+    // Whoever comes second finds the picture in the cache.
+    for (int turn = 0; turn < turns / 2; ++turn) {
+        paintOurs();
+        paintPlain();
+        paintPlain();
+        paintOurs();
     }
     std::printf("%4d x %-4d%10.1f%10.1f%10.2f  <= 1.2\n", size.width(), size.height(), median(our),
                 median(other), median(our) / median(other));
