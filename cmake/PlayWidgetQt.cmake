@@ -10,3 +10,8 @@ endif()
 if(PLAYWIDGET_TESTS)
   find_package(Qt${PLAYWIDGET_QT} REQUIRED COMPONENTS Test)
 endif()
+if(PLAYWIDGET_TOOLS)
+  find_package(Qt${PLAYWIDGET_QT} QUIET OPTIONAL_COMPONENTS UiPlugin)
+endif()
+# Programs that link what we built need this version at least.
+set(PLAYWIDGET_QT_BUILT_WITH ${Qt${PLAYWIDGET_QT}_VERSION})

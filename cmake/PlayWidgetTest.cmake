@@ -1,12 +1,13 @@
 # playwidget_test(<name> [SOURCES <file>...] [LIBRARIES <target>...] [PLATFORM <qpa platform>]
-#                 [TIMEOUT <seconds>] [SCALES <factor>...])
+#                 [TIMEOUT <seconds>] [SCALES <factor>...] [SESSION <program>])
 #
 # Builds <name>.cpp and SOURCES into a Qt Test program and registers it with CTest. It runs on Qt's
 # offscreen platform unless PLATFORM names another; with xcb it gets an X display of its own, so that
 # tests with real windows and a real mouse can run side by side. With SCALES it is registered once
-# for each density of the screen, under its name and the factor.
+# for each density of the screen, under its name and the factor. SESSION names a program that runs it
+# in surroundings of its own, a display included.
 function(playwidget_test name)
-  cmake_parse_arguments(arg "" "PLATFORM;TIMEOUT" "SOURCES;LIBRARIES;SCALES" ${ARGN})
+  cmake_parse_arguments(arg "" "PLATFORM;TIMEOUT;SESSION" "SOURCES;LIBRARIES;SCALES" ${ARGN})
   if(NOT arg_PLATFORM)
     set(arg_PLATFORM offscreen)
   endif()
@@ -18,8 +19,8 @@ function(playwidget_test name)
     AUTOMOC ON
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   target_link_libraries(${name} PRIVATE playwidget_options ${arg_LIBRARIES} Qt::Test)
-  set(display)
-  if(arg_PLATFORM STREQUAL "xcb")
+  set(display ${arg_SESSION})
+  if(arg_PLATFORM STREQUAL "xcb" AND NOT arg_SESSION)
     set(display xvfb-run --auto-servernum --server-args "-screen 0 1280x1024x24")
   endif()
   if(NOT arg_SCALES)

@@ -45,10 +45,12 @@ Record &record()
 }
 
 constexpr const char *functions[] = {
-    "KestOpen",      "KestClose",      "KestAddFile",          "KestRemoveFile",
-    "KestPlay",      "KestPause",      "KestSetCurPos",        "KestChangeVolume",
-    "KestEditBegin", "KestEditEnd",    "KestGetMediaDuration", "KestGetMediaInfo",
-    "KestAddFilter", "KestAddFilter2", "KestGetFilter",        "KestGetFilter2",
+    "KestOpen",         "KestClose",           "KestAddFile",
+    "KestRemoveFile",   "KestSetStereoLayout", "KestPlay",
+    "KestPause",        "KestSetCurPos",       "KestChangeVolume",
+    "KestEditBegin",    "KestEditEnd",         "KestGetMediaDuration",
+    "KestGetMediaInfo", "KestAddFilter",       "KestAddFilter2",
+    "KestGetFilter",    "KestGetFilter2",
 };
 
 bool isFunction(const QString &name)
@@ -142,6 +144,11 @@ QStringList FakeKest::takeCalls()
     return std::exchange(record().calls, QStringList());
 }
 
+QStringList FakeKest::calls() const
+{
+    return record().calls;
+}
+
 void FakeKest::note(const QString &line)
 {
     record().calls.append(line);
@@ -230,6 +237,11 @@ int KestAddFile(void *engine, int fileId, const char *utf8Path)
 int KestRemoveFile(void *engine, int fileId)
 {
     return answer(engine, "KestRemoveFile", QString::number(fileId));
+}
+
+int KestSetStereoLayout(void *engine, int fileId, int layout)
+{
+    return answer(engine, "KestSetStereoLayout", QStringLiteral("%1, %2").arg(fileId).arg(layout));
 }
 
 const char *KestErrorText(int code)

@@ -41,6 +41,9 @@ public:
     /// The lines since the last call of this function or of reset().
     QStringList takeCalls();
 
+    /// The same lines, which stay: for waiting until a call comes.
+    QStringList calls() const;
+
     /// Puts a line of the test's own into the log, to see when something happens between calls.
     void note(const QString &line);
 

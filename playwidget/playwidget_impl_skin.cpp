@@ -41,6 +41,7 @@ void skinSlider(ImageTracker *slider, const QString &handle, int maximum, int va
 
 void PlayWidget_Impl::loadSkin()
 {
+    Q_INIT_RESOURCE(Varlume);  // a static library brings its images only when they are asked for
     loadButtonIcons();
     loadSliders();
     for (const auto standard : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel})

@@ -85,6 +85,7 @@ void tst_FakeKest::writesEveryCallDownInOrder()
     KestOpen(nullptr);
     KestOpen("null");
     KestAddFile(engine, 7, "/films/\xc3\xa4.mkv");
+    KestSetStereoLayout(engine, 7, KestLayoutTopBottom);
     KestGetMediaDuration(engine, 7, &duration);
     KestGetMediaInfo(engine, 7, &records);
     KestEditBegin(engine, &edit);
@@ -105,8 +106,8 @@ void tst_FakeKest::writesEveryCallDownInOrder()
         fake.takeCalls(),
         QStringList({"KestOpen(nullptr)", "KestOpen(\"null\")",
                      QString::fromUtf8("KestAddFile(7, \"/films/\xc3\xa4.mkv\")"),
-                     "KestGetMediaDuration(7)", "KestGetMediaInfo(7)", "KestEditBegin(7)",
-                     "KestGetFilter(9)", "KestGetFilter2(7, 9)",
+                     "KestSetStereoLayout(7, 5)", "KestGetMediaDuration(7)", "KestGetMediaInfo(7)",
+                     "KestEditBegin(7)", "KestGetFilter(9)", "KestGetFilter2(7, 9)",
                      "KestAddFilter(9, mode 4, depth -0.012)",
                      "KestAddFilter2(7, 9, mode 4, depth -0.012)", "KestChangeVolume(150)",
                      "KestPlay()", "KestSetCurPos(4294967295)", "KestPause()", "KestEditEnd(true)",
@@ -133,7 +134,10 @@ void tst_FakeKest::writesNotesBetweenCalls()
     KestPlay(engine);
     fake.note("the host beeps");
     KestPause(engine);
-    QCOMPARE(fake.takeCalls(), QStringList({"KestPlay()", "the host beeps", "KestPause()"}));
+    const QStringList lines = {"KestPlay()", "the host beeps", "KestPause()"};
+    QCOMPARE(fake.calls(), lines);
+    QCOMPARE(fake.takeCalls(), lines);
+    QCOMPARE(fake.calls(), QStringList());
 }
 
 void tst_FakeKest::opensTheHandle()
@@ -166,9 +170,10 @@ void tst_FakeKest::failsWhereToldTo_data()
 {
     QTest::addColumn<QString>("function");
     for (const char *function :
-         {"KestAddFile", "KestRemoveFile", "KestPlay", "KestPause", "KestSetCurPos",
-          "KestChangeVolume", "KestGetMediaDuration", "KestGetMediaInfo", "KestEditBegin",
-          "KestEditEnd", "KestAddFilter", "KestAddFilter2", "KestGetFilter", "KestGetFilter2"})
+         {"KestAddFile", "KestRemoveFile", "KestSetStereoLayout", "KestPlay", "KestPause",
+          "KestSetCurPos", "KestChangeVolume", "KestGetMediaDuration", "KestGetMediaInfo",
+          "KestEditBegin", "KestEditEnd", "KestAddFilter", "KestAddFilter2", "KestGetFilter",
+          "KestGetFilter2"})
         QTest::newRow(function) << QString::fromLatin1(function);
 }
 
@@ -185,6 +190,7 @@ void tst_FakeKest::failsWhereToldTo()
         return QHash<QString, int>{
             {"KestAddFile", KestAddFile(engine, 7, "a")},
             {"KestRemoveFile", KestRemoveFile(engine, 7)},
+            {"KestSetStereoLayout", KestSetStereoLayout(engine, 7, 0)},
             {"KestPlay", KestPlay(engine)},
             {"KestPause", KestPause(engine)},
             {"KestSetCurPos", KestSetCurPos(engine, 0)},

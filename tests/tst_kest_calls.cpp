@@ -149,11 +149,11 @@ private Q_SLOTS:
     void everyCodeHasAText()
     {
         QSet<QString> texts;
-        for (int code = KestErrorPlayer; code <= KestOk; ++code)
+        for (int code = KestErrorNoPicture; code <= KestAtEnd; ++code)
             texts.insert(KestErrorText(code));
-        QCOMPARE(texts.size(), KestOk - KestErrorPlayer + 1);
-        QCOMPARE(KestErrorText(1), "Unknown error");
-        QCOMPARE(KestErrorText(KestErrorPlayer - 1), "Unknown error");
+        QCOMPARE(texts.size(), KestAtEnd - KestErrorNoPicture + 1);
+        QCOMPARE(KestErrorText(2), "Unknown error");
+        QCOMPARE(KestErrorText(KestErrorNoPicture - 1), "Unknown error");
     }
 
     void tellsDurationAndStreams()

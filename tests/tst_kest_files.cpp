@@ -2,12 +2,15 @@
 // Not here: what a file is, without playing it (tst_mediaprobe.cpp).
 #include "clips.h"
 #include "enginestage.h"
+#include "watchdog.h"
 
 #include <random>
 
 #include <sys/stat.h>
 
 namespace {
+
+constexpr int heldUpLimit = 100;  // ms
 
 constexpr QRgb red = 0xffff0000;
 constexpr QRgb lime = 0xff00ff00;
@@ -40,6 +43,12 @@ class tst_KestFiles : public QObject
 
 private Q_SLOTS:
     void initTestCase() { QVERIFY(m_clips.valid()); }
+    void init() { (void)WatchedApplication::takeWorst(); }
+    void cleanup()
+    {
+        const qint64 worst = WatchedApplication::takeWorst();
+        QVERIFY2(worst <= heldUpLimit, qPrintable(QString("held up for %1 ms").arg(worst)));
+    }
 
     void picturesStandUprightInTheirShape_data()
     {
@@ -137,6 +146,8 @@ private Q_SLOTS:
             << "-f lavfi -i color=c=red:s=64x36:r=25:d=0.5 -c:v libx264 -f mpegts";
         QTest::newRow("no duration")
             << "-f lavfi -i color=c=red:s=64x36:r=25:d=0.5 -c:v libx264 -f h264";
+        QTest::newRow("one picture, no duration")
+            << "-f lavfi -i color=c=red:s=64x36:r=25 -frames:v 1 -c:v libx264 -f h264";
     }
     void extremePicturesPlay()
     {
@@ -152,6 +163,28 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(EngineStage::near(stage.centre(), red, 30), 20000);
         QTRY_VERIFY_WITH_TIMEOUT(stage.ended(), 20000);
         QCOMPARE(stage.count(5), 1);
+    }
+
+    void aFilmOfNoDurationShowsItsPictureAndEnds()
+    {
+        QByteArray film = Clips::read(m_clips.make(
+            "timed.mp4", "-f lavfi -i color=c=red:s=64x36:r=25:d=0.2 -c:v libx264 -bf 0"));
+        const struct
+        {
+            const char *box;
+            int place;
+        } durations[] = {{"mvhd", 20}, {"tkhd", 24}, {"elst", 12}, {"mdhd", 20}, {"stts", 16}};
+        for (const auto &duration : durations) {
+            QVERIFY(film.indexOf(duration.box) > 0);
+            film.replace(film.indexOf(duration.box) + duration.place, 4, QByteArray(4, 0));
+        }
+        EngineStage stage;
+        QCOMPARE(stage.open(m_clips.write("timeless.mp4", film)), int(KestOk));
+        QTRY_VERIFY(stage.showsAtCentre(red));
+        QCOMPARE(watched([&] { return KestPlay(stage.engine); }), int(KestOk));
+        QTRY_VERIFY(stage.ended());
+        QCOMPARE(stage.count(5), 1);
+        QVERIFY(stage.showsAtCentre(red));
     }
 
     void coverArtIsNoPicture()
@@ -306,16 +339,16 @@ private:
     {
         stage.events.clear();
         QCOMPARE(stage.open(path), int(KestOk));
-        const int code = KestPlay(stage.engine);
+        const int code = watched([&] { return KestPlay(stage.engine); });
         if (code == KestOk)
             (void)QTest::qWaitFor([&] { return stage.ended(); }, 700);
         else
             QCOMPARE(code, int(KestErrorNotMedia));
-        QCOMPARE(KestEditEnd(stage.engine, true), int(KestOk));
+        QCOMPARE(watched([&] { return KestEditEnd(stage.engine, true); }), int(KestOk));
     }
 
     Clips m_clips;
 };
 
-QTEST_MAIN(tst_KestFiles)
+WATCHED_TEST_MAIN(tst_KestFiles)
 #include "tst_kest_files.moc"

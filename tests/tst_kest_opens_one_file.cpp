@@ -44,6 +44,45 @@ QByteArray asSibling(QByteArray film)
     return film.replace(film.indexOf(QByteArray::fromHex("73a490")) + 3, 16, siblingId);
 }
 
+/// A number of four bytes.
+QByteArray number(quint32 value)
+{
+    return {QByteArray(1, char(value >> 24)) + char(value >> 16) + char(value >> 8) + char(value)};
+}
+
+quint32 numberAt(const QByteArray &bytes, int place)
+{
+    quint32 value = 0;
+    for (int i = 0; i < 4; ++i)
+        value = value << 8 | quint8(bytes[place + i]);
+    return value;
+}
+
+/// The reference of a movie's track to another file, by its name and by its path.
+QByteArray alias(const QByteArray &name, const QByteArray &path)
+{
+    const QByteArray levels = QByteArray::fromHex("00010001");
+    QByteArray entry = QByteArray("alis") + QByteArray(4, 0) + QByteArray(10, 0) + char(4) + "Disk"
+        + QByteArray(23, 0) + QByteArray(12, 0) + char(name.size()) + name.leftJustified(63, '\0')
+        + QByteArray(16, 0) + levels + QByteArray(16, 0) + QByteArray::fromHex("0002") + char(0)
+        + char(path.size()) + path + QByteArray(path.size() % 2, 0)
+        + QByteArray::fromHex("ffff0000");
+    return number(quint32(entry.size()) + 4) + entry;
+}
+
+/// The movie, whose index lies at its end, with its first track's film in another file.
+QByteArray withReference(QByteArray movie, const QByteArray &reference)
+{
+    const int place = movie.indexOf("dref");
+    const QByteArray own = movie.mid(place + 12, int(numberAt(movie, place + 12)));
+    movie.replace(place + 12, own.size(), reference);
+    for (const char *box : {"moov", "trak", "mdia", "minf", "dinf", "dref"}) {
+        const int size = movie.lastIndexOf(box, place) - 4;
+        movie.replace(size, 4, number(numberAt(movie, size) + reference.size() - own.size()));
+    }
+    return movie;
+}
+
 struct Text
 {
     const char *name;
@@ -102,6 +141,13 @@ private Q_SLOTS:
         m_stream = Clips::read(m_clips.path("clips/other.ts"));
         QVERIFY(!m_clips.write("clips/other.mkv", asSibling(m_film)).isEmpty());
         QVERIFY(!m_clips.write("clips/chapters.mkv", withOrderedChapters(m_film)).isEmpty());
+        const QString movie = m_clips.make(
+            "movie.mov", "-f lavfi -i testsrc=s=64x36:r=25:d=0.3 -c:v libx264 -pix_fmt yuv420p");
+        const QByteArray path = m_clips.path("clips/other.mkv").toLocal8Bit();
+        QVERIFY(!m_clips
+                     .write("clips/movie.mov",
+                            withReference(Clips::read(movie), alias("other.mkv", path)))
+                     .isEmpty());
         for (const char *name : neighbours)
             QVERIFY(!m_clips.write(QString("clips/") + name, "1\n00:00:00,0 --> 00:00:01,0\nx\n")
                          .isEmpty());
@@ -115,6 +161,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("code");
         QTest::newRow("film with neighbours") << "film.mkv" << int(KestOk);
         QTest::newRow("ordered chapters") << "chapters.mkv" << int(KestOk);
+        QTest::newRow("movie in another file") << "movie.mov" << anyCode;
         for (const char *name :
              {"edl:film.mkv", "concat:other.mkv|film.mkv", "-film.mkv",
               "subfile,,start,0,end,0,,:other.mkv", "film%03d.mkv", "film*.mkv"}) {

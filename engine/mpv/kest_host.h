@@ -1,5 +1,5 @@
-// For hosts of our own engine: open one, name its files and how they hold two views, close it, and
-// put a code into words.
+// For hosts of our own engine: open one, name its files and how they hold two views, read them
+// picture by picture, close it, and put a code into words.
 // Not here: playing (engine/kest.h), which works the same with any engine.
 #pragma once
 
@@ -8,6 +8,7 @@
 /// What the engine's functions return. All failures are negative, so that a count and a code can
 /// share a return value.
 enum KestResult {
+    KestAtEnd = 1,  ///< no failure: the film has no further picture
     KestOk = 0,
     KestErrorHandle = -1,      ///< null, closed or foreign handle, or one of another thread
     KestErrorArgument = -2,    ///< a null pointer where one is needed, or an unknown layout
@@ -21,7 +22,8 @@ enum KestResult {
     KestErrorEmpty = -10,      ///< the file has no bytes
     KestErrorNotMedia = -11,   ///< the file holds no picture and no sound that can be decoded
     KestErrorTimeout = -12,    ///< the file could not be examined in time
-    KestErrorPlayer = -13      ///< the player below refused
+    KestErrorPlayer = -13,     ///< the player below refused
+    KestErrorNoPicture = -14   ///< the file holds sound alone
 };
 
 /// The longest time that a file is examined for, which is done when its length, its streams or an
@@ -69,6 +71,17 @@ struct KestStreamInfo
 };
 static_assert(sizeof(KestStreamInfo) == 64, "a media-information record has 64 bytes");
 
+/// One picture of a film that is being read.
+struct KestPicture
+{
+    const unsigned char
+        *pixels;  ///< rows from top to bottom, 4 bytes a pixel: blue, green, red, 255
+    int stride;   ///< bytes from one row to the next
+    int width;
+    int height;
+    long long time;  ///< µs, as the file counts them; its first picture need not be at 0
+};
+
 extern "C" {
 
 /// Opens an engine and returns its handle, or null when the player below cannot be started. The
@@ -108,6 +121,23 @@ KEST_EXPORT int KestRemoveFile(void *engine, int fileId);
 /// halving its width leads in between: such files, which are common, are taken to mean that. Square
 /// views and others that are no film's may need to be told here.
 KEST_EXPORT int KestSetStereoLayout(void *engine, int fileId, int layout);
+
+/// Opens a film to be read picture by picture, each exactly once and in order, composed with the 3D
+/// filter that is kept for the file at this moment and plain without one: the same pixels that an
+/// edit shows, at the film's full size with square pixels, turned where the film says so. `reader` is
+/// set to a handle of its own, which later changes to the file and the engine do not touch; it may
+/// outlive the engine. Fails with the file's own code where it cannot be played, with
+/// KestErrorNoPicture where it holds sound alone. A reader does not disturb an open edit.
+KEST_EXPORT int KestReaderOpen(void *engine, int fileId, void **reader);
+
+/// Waits for the next picture. KestOk with a picture, whose pixels stay until the next call with this
+/// reader; KestAtEnd after the last one; otherwise the code of a failure, `picture` as it was. A film
+/// that changes its size on the way is scaled to that of its first picture. The functions of a reader
+/// may be called in any thread, but not in two at once.
+KEST_EXPORT int KestReaderNext(void *reader, KestPicture *picture);
+
+/// Ends the reading, at any picture, and frees the reader. Unknown handles are ignored.
+KEST_EXPORT void KestReaderClose(void *reader);
 
 /// What a code means, in one English sentence without a full stop. Static text, never null; an
 /// unknown code has a text of its own.

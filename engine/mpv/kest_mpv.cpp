@@ -1,9 +1,10 @@
 // The C functions over Session: look the handle up, check pointers, one call, return its code.
-// Not here: any decision about playing (session.cpp).
+// Not here: any decision about playing (session.cpp), reading picture by picture (kest_reader.cpp).
 #include "engine/mpv/kest_host.h"
+#include "engine/mpv/kest_reader.h"
+#include "engine/mpv/kesthandle.h"
 #include "engine/mpv/session.h"
 
-#include <cstdint>
 #include <map>
 
 namespace {
@@ -20,13 +21,6 @@ Engines &engines()
 {
     static thread_local Engines ofThisThread;
     return ofThisThread;
-}
-
-void *newHandle()
-{
-    // Odd, so that it equals no address of an object.
-    static std::atomic<std::uintptr_t> last{0x4b650001};
-    return reinterpret_cast<void *>(last += 2);
 }
 
 /// Runs one call on the handle's session, which stays alive for it even if a callback closes it.
@@ -69,6 +63,7 @@ struct ErrorRow
 };
 
 constexpr ErrorRow errorRows[] = {
+    {KestAtEnd, "The film has ended"},
     {KestOk, "No error"},
     {KestErrorHandle, "The engine handle is not open in this thread"},
     {KestErrorArgument, "An argument is not usable"},
@@ -83,6 +78,7 @@ constexpr ErrorRow errorRows[] = {
     {KestErrorNotMedia, "The file holds no film and no sound that can be played"},
     {KestErrorTimeout, "The file could not be examined in time"},
     {KestErrorPlayer, "The player failed"},
+    {KestErrorNoPicture, "The file holds no film, only sound"},
 };
 
 }  // namespace
@@ -92,7 +88,7 @@ try {
     auto session = Session::open(audioOutput, &engines().bell);
     if (!session)
         return nullptr;
-    void *const handle = newHandle();
+    void *const handle = newKestHandle();
     engines().sessions.emplace(handle, std::move(session));
     return handle;
 } catch (...) {
@@ -123,6 +119,17 @@ int KestRemoveFile(void *engine, int fileId)
 int KestSetStereoLayout(void *engine, int fileId, int layout)
 {
     return on(engine, [=](Session &session) { return session.setLayout(fileId, layout); });
+}
+
+int KestReaderOpen(void *engine, int fileId, void **reader)
+{
+    return on(engine, [=](Session &session) {
+        if (!reader)
+            return int(KestErrorArgument);
+        FilmReader::Film film;
+        const int code = session.film(fileId, &film);
+        return code == KestOk ? openKestReader(film, reader) : code;
+    });
 }
 
 const char *KestErrorText(int code)

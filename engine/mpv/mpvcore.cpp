@@ -178,6 +178,57 @@ void MpvCore::setVolume(int volume)
     mpv_set_property_async(m_handle, NoTag, "volume", MPV_FORMAT_DOUBLE, &value);
 }
 
+void MpvCore::setPicturesOnly()
+{
+    constexpr Option ones[]
+        = {{"aid", "no"}, {"untimed", "yes"}, {"framedrop", "no"}, {"rebase-start-time", "no"}};
+    for (const Option &option : ones)
+        mpv_set_property_string(m_handle, option.name, option.value);
+}
+
+void MpvCore::step()
+{
+    const char *command[] = {"frame-step", nullptr};
+    mpv_command_async(m_handle, NoTag, command);
+}
+
+bool MpvCore::isPaused()
+{
+    int paused = 0;
+    mpv_get_property(m_handle, "pause", MPV_FORMAT_FLAG, &paused);
+    return paused;
+}
+
+bool MpvCore::isAtEnd()
+{
+    int atEnd = 0;
+    mpv_get_property(m_handle, "eof-reached", MPV_FORMAT_FLAG, &atEnd);
+    return atEnd;
+}
+
+double MpvCore::position()
+{
+    double seconds = 0;
+    mpv_get_property(m_handle, "time-pos", MPV_FORMAT_DOUBLE, &seconds);
+    return seconds;
+}
+
+QSize MpvCore::displaySize()
+{
+    std::int64_t width = 0, height = 0;
+    mpv_get_property(m_handle, "dwidth", MPV_FORMAT_INT64, &width);
+    mpv_get_property(m_handle, "dheight", MPV_FORMAT_INT64, &height);
+    return {int(width), int(height)};
+}
+
+void MpvCore::awaitOutput()
+{
+    // Only the output knows its displays. When it answers for the second time, it has done what it
+    // had been given before it answered for the first.
+    for (int i = 0; i < 2; ++i)
+        mpv_free(mpv_get_property_string(m_handle, "display-names"));
+}
+
 void MpvCore::askPosition()
 {
     mpv_get_property_async(m_handle, Position, "time-pos", MPV_FORMAT_DOUBLE);

@@ -4,6 +4,8 @@
 
 #include <mpv/client.h>
 
+#include <QSize>
+
 #include <cmath>
 #include <cstdint>
 #include <memory>
@@ -39,6 +41,21 @@ public:
     void seek(double seconds);
     void setPaused(bool paused);
     void setVolume(int volume);
+
+    // For reading a film picture by picture instead of playing it. They wait for the player, up to as
+    // long as it takes to decode a picture.
+    /// No sound, no picture left out, and the times that the file gives; for files loaded later.
+    void setPicturesOnly();
+    /// Shows one more picture and pauses again. Returns at once.
+    void step();
+    bool isPaused();
+    bool isAtEnd();
+    /// Of the picture, in seconds; 0 when there is none.
+    double position();
+    /// Size of the film with square pixels, before it is turned; empty when there is no picture.
+    QSize displaySize();
+    /// Waits until the video output has done all that it was given.
+    void awaitOutput();
 
     // Answered by MPV_EVENT_GET_PROPERTY_REPLY with the property's tag, by which time every command
     // given before has been taken up; an observed change may be older than that.

@@ -52,6 +52,14 @@ bool RenderContext::frameWaits()
     return mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME;
 }
 
+bool RenderContext::frameIsNew()
+{
+    mpv_render_frame_info info = {};
+    mpv_render_context_get_info(m_context, {MPV_RENDER_PARAM_NEXT_FRAME_INFO, &info});
+    // An old one is flagged, unless it was missed before; but it never has a time to be shown at.
+    return info.target_time != 0;
+}
+
 QImage RenderContext::render(QSize size)
 {
     QImage image = recycledImage(size);

@@ -29,6 +29,9 @@ public:
     /// Whether the player waits for a new picture to be rendered.
     bool frameWaits();
 
+    /// Whether the picture that waits is one that was not there before.
+    bool frameIsNew();
+
     /// The player's picture scaled to `size`; null on failure. The pixels are opaque.
     QImage render(QSize size);
 

@@ -2,9 +2,8 @@
 // Not here: locks; the mailbox has them all.
 #include "engine/mpv/renderthread.h"
 
+#include "engine/mpv/renderviews.h"
 #include "engine/mpv/stereocomposer.h"
-
-#include <QTransform>
 
 #include <chrono>
 
@@ -66,14 +65,7 @@ void RenderThread::carryOut(const RenderOrder &order)
 
 void RenderThread::render(const RenderOrder &order)
 {
-    const PictureShape &shape = order.shape;
-    const QSize view = shape.rotation % 180 ? order.size.transposed() : order.size;
-    Eyes eyes
-        = eyesOf(m_context->render(frameSize(view, shape.layout)), shape.stored, shape.layout);
-    if (shape.rotation) {
-        const auto turn = QTransform().rotate(shape.rotation);
-        eyes = {eyes.left.transformed(turn), eyes.right.transformed(turn)};
-    }
-    m_plain = {eyes.left, steadyMilliseconds(), m_plain.serial + 1, eyes.right};
-    m_layout = shape.layout;
+    const Frame frame = renderViews(*m_context, order.size, order.shape);
+    m_plain = {frame.picture, steadyMilliseconds(), m_plain.serial + 1, frame.right};
+    m_layout = order.shape.layout;
 }

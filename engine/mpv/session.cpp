@@ -104,6 +104,29 @@ int Session::mediaInfo(int fileId, void **records)
     return int(facts.streams.size());
 }
 
+PictureShape Session::shapeOf(const File &file, const MediaFacts &facts)
+{
+    PictureShape shape = facts.shape;
+    shape.layout = file.layout.value_or(shape.layout);
+    shape.size = viewShape(shape.size, shape.layout);
+    return shape;
+}
+
+int Session::film(int fileId, FilmReader::Film *film)
+{
+    const auto file = m_files.find(fileId);
+    if (file == m_files.end())
+        return KestErrorFileId;
+    const MediaFacts &facts = m_probe.facts(fileId, file->second.path);
+    if (facts.code != KestOk)
+        return facts.code;
+    if (facts.shape.size.isEmpty())
+        return KestErrorNoPicture;
+    *film = {file->second.path, shapeOf(file->second, facts),
+             m_filters.kept(fileId).value_or(StereoSetting())};
+    return KestOk;
+}
+
 int Session::beginEdit(const EditBeginParams &params)
 {
     const auto file = m_files.find(params.fileId);
@@ -127,10 +150,7 @@ int Session::beginEdit(const EditBeginParams &params)
 /// How the open edit's film is shown.
 PictureShape Session::shape() const
 {
-    PictureShape shape = m_edit->facts.shape;
-    shape.layout = m_edit->file.layout.value_or(shape.layout);
-    shape.size = viewShape(shape.size, shape.layout);
-    return shape;
+    return shapeOf(m_edit->file, m_edit->facts);
 }
 
 void Session::showIn(CVideoWnd *window)

@@ -2,6 +2,7 @@
 // Not here: handles and the checking of pointers (kest_mpv.cpp).
 #pragma once
 
+#include "engine/mpv/filmreader.h"
 #include "engine/mpv/filterstore.h"
 #include "engine/mpv/mailbox.h"
 #include "engine/mpv/mediaprobe.h"
@@ -47,6 +48,9 @@ public:
     int setLayout(int fileId, int name);
     int duration(int fileId, long long *milliseconds);
     int mediaInfo(int fileId, void **records);
+
+    /// What it takes to read the file picture by picture.
+    int film(int fileId, FilmReader::Film *film);
 
     int beginEdit(const EditBeginParams &params);
     int endEdit(bool save);
@@ -96,6 +100,7 @@ private:
     int editCode() const;
     bool playerHasEdit() const;
     PictureShape shape() const;
+    static PictureShape shapeOf(const File &file, const MediaFacts &facts);
     void showIn(CVideoWnd *window);
     void dropEdit(bool save);
     void advance();

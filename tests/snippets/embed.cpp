@@ -1,12 +1,12 @@
-// The embedding that README.md shows, between the two marks.
+// The program that README.md shows, between the two marks.
 // Not here: a whole host with options and error texts (host/).
+//! [embed]
 #include "engine/mpv/kest_host.h"
 #include "playwidget/playwidget.h"
 
 #include <QApplication>
 #include <QDialog>
 
-//! [embed]
 // Plays a film in a dialog; true when the user chose a 3D mode and a depth with OK.
 bool chooseDepth(void *engine, int fileId, const QString &name, int &mode, double &depth)
 {
@@ -24,18 +24,18 @@ bool chooseDepth(void *engine, int fileId, const QString &name, int &mode, doubl
     return dialog.exec() == QDialog::Accepted
         && player.movie3DPropsByIndex(0, changed, mode, depth);
 }
-//! [embed]
 
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    if (argc < 2)
-        return 2;
+    const QString film = QApplication::arguments().value(1);
     int mode = Kest3DRedCyan;
-    double depth = -0.01;
+    double depth = -0.012;  // a share of the picture's width; negative comes out of the screen
+
     void *engine = KestOpen(nullptr);  // null: the system's sound output
-    KestAddFile(engine, 1, argv[1]);
-    const bool chosen = chooseDepth(engine, 1, QString::fromLocal8Bit(argv[1]), mode, depth);
-    KestClose(engine);
+    KestAddFile(engine, 1, film.toUtf8().constData());
+    const bool chosen = chooseDepth(engine, 1, film, mode, depth);
+    KestClose(engine);  // after the last widget
     return chosen ? 0 : 1;
 }
+//! [embed]

@@ -1,5 +1,8 @@
 # Fails unless `document` shows what stands between the two marks in `source`.
 set(line "//! [${mark}]\n")
+if(language STREQUAL "cmake")
+  set(line "#! [${mark}]\n")
+endif()
 file(READ "${source}" code)
 string(FIND "${code}" "${line}" begin)
 string(FIND "${code}" "${line}" end REVERSE)
@@ -12,7 +15,7 @@ math(EXPR length "${end} - ${begin}")
 string(SUBSTRING "${code}" ${begin} ${length} code)
 
 file(READ "${document}" text)
-string(FIND "${text}" "```cpp\n${code}```\n" place)
+string(FIND "${text}" "```${language}\n${code}```\n" place)
 if(place EQUAL -1)
   message(FATAL_ERROR "${document} shows other code than ${source}. It should be:\n${code}")
 endif()

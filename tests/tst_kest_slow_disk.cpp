@@ -1,0 +1,121 @@
+// The engine with a film on a slow disk, and where nothing can be written: the window stays awake.
+// Not here: broken films (tst_kest_files.cpp).
+#include "clips.h"
+#include "enginestage.h"
+#include "watchdog.h"
+
+#include <atomic>
+#include <csignal>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int heldUpLimit = 100;  // ms
+constexpr QRgb black = 0xff000000;
+
+std::atomic<ino_t> slowFile{0};
+std::atomic<int> delay{0};  // ms that each read from it takes
+std::atomic<int> slowReads{0};
+
+}  // namespace
+
+/// Takes the place of the system's for everything in this process.
+extern "C" __attribute__((visibility("default"))) ssize_t read(int file, void *to, size_t size)
+{
+    struct stat status = {};
+    if (slowFile && fstat(file, &status) == 0 && status.st_ino == slowFile) {
+        ++slowReads;
+        usleep(useconds_t(delay) * 1000);
+    }
+    return syscall(SYS_read, file, to, size);
+}
+
+class tst_KestSlowDisk : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_clips.valid());
+        m_film
+            = m_clips.make("film.mkv", "-f lavfi -i mandelbrot=s=320x180:r=25 -t 2 -c:v ffv1 -g 5");
+        struct stat status = {};
+        QCOMPARE(stat(m_film.toLocal8Bit().constData(), &status), 0);
+        slowFile = status.st_ino;
+    }
+    void init()
+    {
+        delay = 0;
+        slowReads = 0;
+    }
+
+    void aSlowDiskHoldsUpThePlayerOnly()
+    {
+        EngineStage stage;
+        QCOMPARE(stage.add(1, m_film), int(KestOk));
+        delay = 20;
+        QElapsedTimer opening;
+        opening.start();
+        QCOMPARE(stage.begin(1), int(KestOk));
+        QVERIFY(opening.elapsed() <= KestProbeMilliseconds + heldUpLimit);
+        QVERIFY(slowReads > 0);
+        slowReads = 0;
+        (void)WatchedApplication::takeWorst();
+
+        QCOMPARE(watched([&] { return KestPlay(stage.engine); }), int(KestOk));
+        QTRY_VERIFY_WITH_TIMEOUT(stage.centre() != black, 20000);
+        for (const unsigned position : {1500u, 100u, 900u}) {
+            QCOMPARE(watched([&] { return KestSetCurPos(stage.engine, position); }), int(KestOk));
+            QTest::qWait(100);
+        }
+        QCOMPARE(watched([&] { return stage.setFilter(Kest3DRedCyan, 0.1); }), int(KestOk));
+        QTRY_VERIFY_WITH_TIMEOUT(stage.position() > 900 && stage.position() != ~0u, 20000);
+        QCOMPARE(watched([&] { return KestEditEnd(stage.engine, true); }), int(KestOk));
+        QVERIFY(slowReads > 0);
+        const qint64 worst = WatchedApplication::takeWorst();
+        QVERIFY2(worst <= heldUpLimit, qPrintable(QString("held up for %1 ms").arg(worst)));
+    }
+
+    void aDiskThatIsTooSlowIsToldInTime()
+    {
+        EngineStage stage;
+        QCOMPARE(stage.add(1, m_film), int(KestOk));
+        delay = KestProbeMilliseconds;
+        QElapsedTimer opening;
+        opening.start();
+        QCOMPARE(stage.begin(1), int(KestOk));
+        // A read that is under way when time is over is waited for.
+        QVERIFY(opening.elapsed() <= KestProbeMilliseconds + delay + heldUpLimit);
+        QCOMPARE(KestPlay(stage.engine), int(KestErrorTimeout));
+    }
+
+    void playsWhereNothingCanBeWritten()
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before = {};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        const rlimit none = {0, before.rlim_max};
+        EngineStage stage;
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &none), 0);
+        const int code = stage.open(m_film);
+        const int played = KestPlay(stage.engine);
+        const bool ended = QTest::qWaitFor([&] { return stage.ended(); }, 20000);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+        QCOMPARE(code, int(KestOk));
+        QCOMPARE(played, int(KestOk));
+        QVERIFY(ended);
+        QVERIFY(stage.centre() != black);
+    }
+
+private:
+    Clips m_clips;
+    QString m_film;
+};
+
+WATCHED_TEST_MAIN(tst_KestSlowDisk)
+#include "tst_kest_slow_disk.moc"
