@@ -33,7 +33,7 @@ Answer ask(QWidget *window, const QString &error)
                         : error);
     const auto *save = box.addButton(Text::tr("Save as…"), QMessageBox::AcceptRole);
     const auto *discard = box.addButton(Text::tr("Do not save"), QMessageBox::DestructiveRole);
-    box.setEscapeButton(box.addButton(QMessageBox::Cancel));
+    box.setEscapeButton(box.addButton(Text::tr("Go on"), QMessageBox::RejectRole));
     box.exec();
     if (box.clickedButton() == save)
         return Save;

@@ -4,12 +4,13 @@
 #include "host/mediaengine.h"
 #include "host/options.h"
 #include "host/previewdialog.h"
+#include "host/replacefile.h"
 #include "host/screenshot.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QFileInfo>
 #include <QIcon>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <clocale>
@@ -70,13 +71,14 @@ int savePicture(const QImage &picture, const QString &file)
 {
     if (picture.isNull())
         return complain(Text::tr("the film could not be shown at this place"), Failed);
-    const QString suffix = QFileInfo(file).suffix();
-    QSaveFile target(file);
-    const bool written = target.open(QIODevice::WriteOnly)
-        && picture.save(&target, suffix.isEmpty() ? "png" : suffix.toLatin1().constData());
-    if (written && target.commit())
-        return Accepted;
-    return complain(Text::tr("%1 cannot be written: %2").arg(file, target.errorString()), Failed);
+    const QByteArray suffix = QFileInfo(file).suffix().toLatin1();
+    QBuffer content;
+    content.open(QIODevice::WriteOnly);
+    if (!picture.save(&content, suffix.isEmpty() ? "png" : suffix.constData()))
+        return complain(Text::tr("there is no image format \"%1\"").arg(QLatin1String(suffix)),
+                        Failed);
+    QString error;
+    return replaceFile(file, content.data(), error) ? Accepted : complain(error, Failed);
 }
 
 int takeScreenshot(PreviewDialog &dialog, void *engine, const Options &options)

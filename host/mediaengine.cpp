@@ -29,7 +29,7 @@ bool hasPicture(const KestStreamInfo *streams, int count)
 
 }  // namespace
 
-//! [open]
+//! [host-open]
 MediaEngine::MediaEngine(const QString &audioOutput)
     : m_handle(KestOpen(audioOutput.isEmpty() ? nullptr : audioOutput.toUtf8().constData()))
 { }
@@ -43,9 +43,9 @@ void MediaEngine::add(int fileId, const QString &path)
 {
     (void)KestAddFile(m_handle, fileId, path.toUtf8().constData());
 }
-//! [open]
+//! [host-open]
 
-//! [examine]
+//! [host-examine]
 MediaFacts MediaEngine::examine(int fileId)
 {
     MediaFacts facts;
@@ -58,4 +58,4 @@ MediaFacts MediaEngine::examine(int fileId)
     (void)KestGetMediaDuration(m_handle, fileId, &facts.duration);
     return facts;
 }
-//! [examine]
+//! [host-examine]

@@ -9,7 +9,7 @@
 
 namespace {
 
-//! [texts]
+//! [host-texts]
 constexpr struct
 {
     PlayWidget::TranslationTextID id;
@@ -28,7 +28,7 @@ constexpr struct
     {PlayWidget::OkButtonText, QT_TRANSLATE_NOOP("Player", "OK")},
     {PlayWidget::CancelButtonText, QT_TRANSLATE_NOOP("Player", "Cancel")},
 };
-//! [texts]
+//! [host-texts]
 
 // In the order of the ids, which is that of the player's list.
 constexpr tagKest3DMode modes[]

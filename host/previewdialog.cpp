@@ -57,16 +57,18 @@ PreviewDialog::~PreviewDialog()
     m_player->clear();
 }
 
-//! [embed]
+//! [host-embed]
 void PreviewDialog::embedPlayer()
 {
     setPlayerTexts(*m_player);
     m_player->setFixedSize(m_player->actualSize());
     m_player->initialize(m_engine.handle(), m_options.hiddenMode);
     connect(m_player, &PlayWidget::accepted, this, &QDialog::accept);
+    m_player->setPlayIndex(0);  // there is none yet, which takes the steps to others away
+    connect(m_player, &PlayWidget::accepted, this, &QDialog::accept);
     connect(m_player, &PlayWidget::rejected, this, &QDialog::reject);
 }
-//! [embed]
+//! [host-embed]
 
 void PreviewDialog::layOut()
 {
@@ -119,7 +121,7 @@ void PreviewDialog::takeFacts(int filmId, const MediaFacts &facts)
         beginIfDue();
 }
 
-//! [add]
+//! [host-add]
 void PreviewDialog::addToPlayer(const Film &film)
 {
     m_engine.add(film.id, film.path);
@@ -127,7 +129,7 @@ void PreviewDialog::addToPlayer(const Film &film)
                           film.start.depth);
     m_playList.append(film.id);
 }
-//! [add]
+//! [host-add]
 
 /// Begins with the film that is asked for, or without one with the first that can be played; not
 /// before the one behind it is there, because selecting decides whether there is a next one.
@@ -154,7 +156,7 @@ void PreviewDialog::begin(int filmId)
     Q_EMIT begun(filmId);
 }
 
-//! [select]
+//! [host-select]
 void PreviewDialog::select(int filmId)
 {
     // A paused player would resume its film whatever is selected. Hiding makes it stop; what the
@@ -176,9 +178,9 @@ void PreviewDialog::keepCurrent()
         (void)PlayWidget::setMovie3DPropsDirect(m_engine.handle(), m_playList.at(index), mode,
                                                 depth);
 }
-//! [select]
+//! [host-select]
 
-//! [read]
+//! [host-read]
 // The player does not tell of each change, so the list looks at it now and then.
 void PreviewDialog::refresh()
 {
@@ -192,7 +194,7 @@ void PreviewDialog::refresh()
     m_films.setPlaying(m_playList.value(m_player->playIndex()));
     showTitle();
 }
-//! [read]
+//! [host-read]
 
 void PreviewDialog::showTitle()
 {
@@ -216,6 +218,7 @@ Settings PreviewDialog::settings() const
     return settings;
 }
 
+//! [host-errors]
 QStringList PreviewDialog::errors() const
 {
     QStringList lines = m_player->errorString().split(QStringLiteral("\r\n"));
@@ -223,6 +226,7 @@ QStringList PreviewDialog::errors() const
     lines.removeAll(QString());
     return lines;
 }
+//! [host-errors]
 
 void PreviewDialog::accept()
 {

@@ -4,6 +4,7 @@
 
 #include "host/depth.h"
 #include "host/modenames.h"
+#include "host/replacefile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -11,7 +12,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -106,14 +106,7 @@ bool Settings::read(const QString &file, QString &error)
 
 bool Settings::write(const QString &file, QString &error) const
 {
-    QSaveFile target(file);
-    if (target.open(QIODevice::WriteOnly)) {
-        target.write(toJson());
-        if (target.commit())
-            return true;
-    }
-    error = Text::tr("%1 cannot be written: %2").arg(file, target.errorString());
-    return false;
+    return replaceFile(file, toJson(), error);
 }
 
 QByteArray Settings::toJson() const

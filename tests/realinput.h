@@ -34,6 +34,30 @@ inline void click(QPoint place)
     answer({QStringLiteral("click"), QStringLiteral("1")});
 }
 
+inline void doubleClick(QPoint place)
+{
+    moveTo(place);
+    answer({QStringLiteral("click"), QStringLiteral("--repeat"), QStringLiteral("2"),
+            QStringLiteral("1")});
+}
+
+/// A drag from window to window, in one go: the program under test does not come back before it is
+/// over.
+inline void dragSlowly(QPoint from, QPoint to)
+{
+    QStringList steps;
+    const auto move = [&steps](QPoint place) {
+        steps << QStringLiteral("mousemove") << QString::number(place.x())
+              << QString::number(place.y()) << QStringLiteral("sleep") << QStringLiteral("0.15");
+    };
+    move(from);
+    steps << QStringLiteral("mousedown") << QStringLiteral("1");
+    for (int i = 1; i <= 4; ++i)
+        move(from + (to - from) * i / 4);
+    steps << QStringLiteral("mouseup") << QStringLiteral("1");
+    answer(steps);
+}
+
 /// Presses at one place and releases at another, with a stop half-way.
 inline void drag(QPoint from, QPoint to)
 {
@@ -52,7 +76,7 @@ inline void key(const QString &name)
 
 inline void focus(WId window)
 {
-    answer({QStringLiteral("windowfocus"), QString::number(window)});
+    answer({QStringLiteral("windowfocus"), QStringLiteral("--sync"), QString::number(window)});
 }
 
 }  // namespace RealInput

@@ -24,10 +24,23 @@ private Q_SLOTS:
     void wrongUsageExitsWith2_data();
     void fileThatCannotBePlayedIsNamedAndExitsWith3();
     void writesThePictureOfAPlaceWithoutADisplay();
+    void okBringsTheSettingsFileUpToDate();
+    void cancelLeavesTheSettingsFile();
+    void changesThatNothingWouldKeepAreAskedFor();
+    void fullDiskLeavesTheOldSettingsAndTheUserMayGoOn();
+    void opensFilmsByTheirDialog();
+    void depthHasAPointWhereOthersWriteAComma();
 
 private:
     void start(const QStringList &arguments);
     void openWindow(const QStringList &arguments);
+    void placeWindow();
+    QString windowNamed(const char *name) const;
+    static int visibleWindows(const char *name);
+    void focusWindow(const char *name) const;
+    void chooseRedCyan() const;
+    QString store(const QByteArray &settings) const;
+    static QByteArray contents(const QString &file);
     QImage grab(const QRect &part) const;
     QImage grabPicture() const { return grab(picture); }
     void showControls() const;
@@ -68,6 +81,11 @@ void tst_PreviewProgram::start(const QStringList &arguments)
 void tst_PreviewProgram::openWindow(const QStringList &arguments)
 {
     start(arguments);
+    placeWindow();
+}
+
+void tst_PreviewProgram::placeWindow()
+{
     const QString id = RealInput::answer({QStringLiteral("search"), QStringLiteral("--sync"),
                                           QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
                                           QString::number(m_program.processId())});
@@ -79,6 +97,55 @@ void tst_PreviewProgram::openWindow(const QStringList &arguments)
     };
     m_origin = {number(QStringLiteral("X")), number(QStringLiteral("Y"))};
     QCOMPARE(number(QStringLiteral("HEIGHT")), 585);
+}
+
+/// The id of the program's window with this title, once there is one.
+QString tst_PreviewProgram::windowNamed(const char *name) const
+{
+    return RealInput::answer({QStringLiteral("search"), QStringLiteral("--sync"),
+                              QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                              QString::fromUtf8(name)})
+        .trimmed();
+}
+
+int tst_PreviewProgram::visibleWindows(const char *name)
+{
+    QProcess search;
+    search.start(QStringLiteral("xdotool"),
+                 {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
+                  QStringLiteral("--name"), QString::fromUtf8(name)});
+    search.waitForFinished();
+    return search.readAllStandardOutput().count('\n');
+}
+
+// There is no window manager that would do it.
+void tst_PreviewProgram::focusWindow(const char *name) const
+{
+    RealInput::focus(windowNamed(name).toULongLong());
+}
+
+void tst_PreviewProgram::chooseRedCyan() const
+{
+    windowNamed("^depth.mkv");
+    RealInput::click(m_origin + modes);
+    RealInput::key(QStringLiteral("Down"));
+    RealInput::key(QStringLiteral("Return"));
+    QTest::qWait(500);  // a change is sent again within 200 ms
+}
+
+QString tst_PreviewProgram::store(const QByteArray &settings) const
+{
+    QFile file(m_folder.filePath(QStringLiteral("settings.json")));
+    file.open(QIODevice::WriteOnly);
+    file.write(settings);
+    return file.fileName();
+}
+
+QByteArray tst_PreviewProgram::contents(const QString &name)
+{
+    QFile file(name);
+    file.open(QIODevice::ReadOnly);
+    return file.readAll();
 }
 
 void tst_PreviewProgram::cleanup()
@@ -252,6 +319,109 @@ void tst_PreviewProgram::writesThePictureOfAPlaceWithoutADisplay()
     const QImage expected = compose({filmFrame("5.96"), 0, 0}, {Kest3DRedCyan, -0.03}).picture;
     const double difference = meanDifference(shot.copy(picture), expected);
     QVERIFY2(difference < 2.5, qPrintable(QString::number(difference)));
+}
+
+static const QByteArray oldSettings
+    = "[{\"path\": \"" SAMPLES "/depth.mkv\", \"mode\": \"off\", \"depth\": -0.1},"
+      " {\"path\": \"/elsewhere.mkv\", \"mode\": \"interleaved\", \"depth\": 0.1}]";
+
+void tst_PreviewProgram::okBringsTheSettingsFileUpToDate()
+{
+    const QString file = store(oldSettings);
+    openWindow({QStringLiteral("--settings"), file, QStringLiteral(SAMPLES "/depth.mkv")});
+    chooseRedCyan();
+    RealInput::click(m_origin + ok);
+    waitForExit(0);
+    QCOMPARE(json(contents(file)),
+             json("[{\"path\": \"" SAMPLES "/depth.mkv\", \"mode\": \"red-cyan\","
+                  " \"depth\": -0.102, \"changed\": true},"
+                  " {\"path\": \"/elsewhere.mkv\", \"mode\": \"interleaved\", \"depth\": 0.1,"
+                  " \"changed\": false}]"));
+    QCOMPARE(m_program.readAllStandardOutput(), QByteArray());
+}
+
+void tst_PreviewProgram::cancelLeavesTheSettingsFile()
+{
+    const QString file = store(oldSettings);
+    openWindow({QStringLiteral("--settings"), file, QStringLiteral(SAMPLES "/depth.mkv")});
+    chooseRedCyan();
+    RealInput::key(QStringLiteral("Escape"));
+    waitForExit(1);
+    QCOMPARE(contents(file), oldSettings);
+}
+
+void tst_PreviewProgram::changesThatNothingWouldKeepAreAskedFor()
+{
+    openWindow({QStringLiteral(SAMPLES "/depth.mkv")});
+    chooseRedCyan();
+    RealInput::click(m_origin + ok);
+    focusWindow("^Settings$");
+    RealInput::key(QStringLiteral("Return"));  // Save as
+    focusWindow("^Write the settings to$");
+    const QString file = m_folder.filePath(QStringLiteral("chosen.json"));
+    RealInput::answer({QStringLiteral("key"), QStringLiteral("ctrl+a")});
+    RealInput::answer({QStringLiteral("type"), file});
+    RealInput::key(QStringLiteral("Return"));
+    waitForExit(0);
+    QVERIFY(contents(file).contains("\"red-cyan\""));
+}
+
+// A limit on the size of files stands in for the end of the disk.
+void tst_PreviewProgram::fullDiskLeavesTheOldSettingsAndTheUserMayGoOn()
+{
+    const QString file = store(oldSettings);
+    m_program.start(QStringLiteral("bash"),
+                    {QStringLiteral("-c"), QStringLiteral("trap '' XFSZ; ulimit -f 0; exec \"$@\""),
+                     QStringLiteral("-"), QStringLiteral(PREVIEW), QStringLiteral("--audio-output"),
+                     QStringLiteral("null"), QStringLiteral("--settings"), file,
+                     QStringLiteral(SAMPLES "/depth.mkv")});
+    placeWindow();
+    chooseRedCyan();
+    RealInput::click(m_origin + ok);
+    focusWindow("^Settings$");
+    RealInput::key(QStringLiteral("Escape"));
+    QCOMPARE(m_program.state(), QProcess::Running);
+
+    RealInput::focus(windowNamed("^depth.mkv").toULongLong());
+    RealInput::click(m_origin + ok);
+    focusWindow("^Settings$");
+    RealInput::key(QStringLiteral("Tab"));
+    RealInput::key(QStringLiteral("space"));  // Do not save
+    waitForExit(3);
+    const QString said = QString::fromUtf8(m_program.readAllStandardError());
+    QVERIFY2(said.contains(file + QStringLiteral(" cannot be written: ")), qPrintable(said));
+    QCOMPARE(contents(file), oldSettings);
+}
+
+void tst_PreviewProgram::opensFilmsByTheirDialog()
+{
+    openWindow({QStringLiteral("--json")});
+    RealInput::key(QStringLiteral("ctrl+o"));
+    focusWindow("^Open films$");
+    RealInput::answer({QStringLiteral("type"), QStringLiteral(SAMPLES "/depth.mkv")});
+    // The first Return may go to the dialog's list of proposals.
+    const auto closed = [] { return !visibleWindows("^Open films$"); };
+    for (int tries = 0; tries < 3 && !closed(); ++tries) {
+        RealInput::key(QStringLiteral("Return"));
+        (void)QTest::qWaitFor(closed, 2000);
+    }
+    windowNamed("^depth.mkv");
+    RealInput::click(m_origin + ok);
+    waitForExit(0);
+    QVERIFY(m_program.readAllStandardOutput().contains("\"path\": \"" SAMPLES "/depth.mkv\""));
+}
+
+void tst_PreviewProgram::depthHasAPointWhereOthersWriteAComma()
+{
+    m_environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));
+    m_program.setProcessEnvironment(m_environment);
+    openWindow({QStringLiteral("--json"), QStringLiteral("--mode"), QStringLiteral("red-cyan"),
+                QStringLiteral("--depth"), QStringLiteral("-0.012"),
+                QStringLiteral(SAMPLES "/depth.mkv")});
+    windowNamed("^depth.mkv");
+    RealInput::click(m_origin + ok);
+    waitForExit(0);
+    QVERIFY(m_program.readAllStandardOutput().contains("\"depth\": -0.012"));
 }
 
 QTEST_MAIN(tst_PreviewProgram)

@@ -1,14 +1,19 @@
 // Whole sessions in the host program's dialog: a real window, real input, the real engine.
 // Not here: the program around the dialog (tst_preview_program.cpp).
 #include "engine/mpv/kest_host.h"
+#include "host/filmview.h"
 #include "host/previewdialog.h"
 #include "playwidget/playwidget.h"
 #include "realinput.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDrag>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
@@ -19,8 +24,33 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolButton>
+#include <QUrl>
 
 #include <memory>
+
+/// A window that a file can be dragged out of, as out of a file manager.
+class DragSource : public QWidget
+{
+public:
+    explicit DragSource(const QString &file)
+        : m_file(file)
+    {
+        resize(100, 100);
+    }
+
+protected:
+    void mouseMoveEvent(QMouseEvent *) override
+    {
+        auto *drag = new QDrag(this);
+        auto *data = new QMimeData;
+        data->setUrls({QUrl::fromLocalFile(m_file)});
+        drag->setMimeData(data);
+        drag->exec(Qt::CopyAction);
+    }
+
+private:
+    QString m_file;
+};
 
 class tst_PreviewSession : public QObject
 {
@@ -36,6 +66,14 @@ private Q_SLOTS:
     void escapeBringsEveryFileBack();
     void hidingStopsAndDropsTheEdit();
     void soundOnlyFileStandsOnBlackAfterAFilm();
+
+    void doubleClickLeavesAPausedFilmWithItsSettings();
+    void returnInTheListPlaysAndDoesNotAccept();
+    void brokenFilmSaysWhyAndCannotBeChosen();
+    void aFilmIsListedOnce();
+    void droppedFilmsAreListed();
+    void pastedPathsAreListed();
+    void listShowsTheSettingsAsTheyChange();
 
 private:
     template <typename Widget> Widget *child(const char *name) const
@@ -54,6 +92,13 @@ private:
     tagKestFilterInfo kept(int fileId) const;
     void compareKept(int fileId, int mode, double depth) const;
     void compareSettings(int mode, double depth, bool changed) const;
+    FilmView *list() const { return m_dialog->findChild<FilmView *>(); }
+    QPoint row(int filmId) const
+    {
+        const QRect place = list()->visualRect(m_dialog->films().indexOf(filmId));
+        return list()->viewport()->mapToGlobal(place.center());
+    }
+    QString copyOfFilm(const QString &name) const;
 
     QTemporaryDir m_folder;
     std::unique_ptr<MediaEngine> m_engine;
@@ -241,6 +286,102 @@ void tst_PreviewSession::soundOnlyFileStandsOnBlackAfterAFilm()
     QTRY_VERIFY(corner() != qRgb(0, 0, 0));
     step("btnNextFile", QStringLiteral("tone.ogg"));
     QTRY_COMPARE(corner(), qRgb(0, 0, 0));
+}
+
+// A player that is paused would go on with its film.
+void tst_PreviewSession::doubleClickLeavesAPausedFilmWithItsSettings()
+{
+    chooseRedCyan();
+    QTest::qWait(250);  // until the change has been sent again
+    showOverlay();
+    RealInput::click(middle(child<QToolButton>("btnPlay")));
+    QTRY_COMPARE(KestPause(m_engine->handle()), int(KestOk));
+    RealInput::doubleClick(row(3));
+    QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("other.mkv"));
+    QCOMPARE(child<QComboBox>("cbx3DMode")->currentText(), QStringLiteral("3D off"));
+    QCOMPARE(m_dialog->films().playing(), 3);
+    compareKept(1, Kest3DRedCyan, -0.012);
+
+    RealInput::doubleClick(row(1));
+    QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("depth.mkv"));
+    QCOMPARE(child<QComboBox>("cbx3DMode")->currentText(), QStringLiteral("Red/Cyan"));
+    QVERIFY(m_dialog->films().film(1)->now.changed);
+    QCOMPARE(m_dialog->errors(), QStringList());
+}
+
+void tst_PreviewSession::returnInTheListPlaysAndDoesNotAccept()
+{
+    QSignalSpy finished(m_dialog.get(), &QDialog::finished);
+    RealInput::click(row(2));
+    RealInput::key(QStringLiteral("Return"));
+    QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("tone.ogg"));
+    QCOMPARE(finished.count(), 0);
+}
+
+void tst_PreviewSession::brokenFilmSaysWhyAndCannotBeChosen()
+{
+    const QString path = m_folder.filePath(QStringLiteral("broken.mkv"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no film") == 7);
+    file.close();
+    m_dialog->open({path});
+    QTRY_COMPARE(m_dialog->films().film(4)->facts.error,
+                 QStringLiteral("The file holds no film and no sound that can be played"));
+    RealInput::doubleClick(row(4));
+    RealInput::doubleClick(row(3));
+    QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("other.mkv"));
+    QCOMPARE(m_dialog->settings().films().size(), 3);
+
+    QVERIFY(QFile::remove(path) && QFile::copy(QStringLiteral(SAMPLES "/depth.mkv"), path));
+    m_dialog->open({path});  // named again, it is looked into again
+    QTRY_VERIFY(m_dialog->films().film(4)->isPlayable());
+    RealInput::doubleClick(row(4));
+    QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("broken.mkv"));
+    QVERIFY(QFile::remove(path));
+}
+
+void tst_PreviewSession::aFilmIsListedOnce()
+{
+    m_dialog->open({QStringLiteral(SAMPLES "/../samples/depth.mkv"),
+                    copyOfFilm(QStringLiteral("fourth.mkv"))});
+    QTRY_VERIFY(m_dialog->films().film(4) && m_dialog->films().film(4)->isPlayable());
+    QCOMPARE(m_dialog->films().films().size(), 4);
+}
+
+QString tst_PreviewSession::copyOfFilm(const QString &name) const
+{
+    const QString path = m_folder.filePath(name);
+    QFile::copy(QStringLiteral(SAMPLES "/depth.mkv"), path);
+    return path;
+}
+
+void tst_PreviewSession::droppedFilmsAreListed()
+{
+    DragSource source(copyOfFilm(QStringLiteral("fourth.mkv")));
+    source.move(20, 800);
+    source.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&source));
+    RealInput::dragSlowly(middle(&source), middle(m_dialog->player()));
+    QTRY_COMPARE(m_dialog->films().films().size(), 4);
+    QTRY_VERIFY(m_dialog->films().film(4)->isPlayable());
+}
+
+void tst_PreviewSession::pastedPathsAreListed()
+{
+    QGuiApplication::clipboard()->setText(copyOfFilm(QStringLiteral("fourth.mkv"))
+                                          + QStringLiteral("\n/no/such/fifth.mkv\n"));
+    RealInput::key(QStringLiteral("ctrl+v"));
+    QTRY_COMPARE(m_dialog->films().films().size(), 5);
+    QTRY_COMPARE(m_dialog->films().film(5)->facts.error, QStringLiteral("The file does not exist"));
+}
+
+void tst_PreviewSession::listShowsTheSettingsAsTheyChange()
+{
+    chooseRedCyan();
+    QTRY_COMPARE(settingsText(m_dialog->films().film(1)->now),
+                 QStringLiteral("Red/Cyan, depth -2"));
+    QVERIFY(m_dialog->films().film(1)->now.changed);
+    QVERIFY(!m_dialog->films().film(3)->now.changed);
 }
 
 QTEST_MAIN(tst_PreviewSession)

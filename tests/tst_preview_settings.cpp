@@ -2,9 +2,13 @@
 // Not here: when the program writes it (tst_preview_program.cpp).
 #include "host/settings.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <csignal>
+#include <sys/resource.h>
 
 class tst_PreviewSettings : public QObject
 {
@@ -20,6 +24,7 @@ private Q_SLOTS:
     void refusesWhatIsNoSettingsAndSaysWhere();
     void refusesAFolderAndAMissingFolder();
     void saysWhyItCannotWrite();
+    void aFullDiskLeavesTheOldFile();
     void depthHasAPointInEveryLocale();
 
 private:
@@ -159,6 +164,29 @@ void tst_PreviewSettings::saysWhyItCannotWrite()
     const QString file = m_folder.filePath(QStringLiteral("no/such/folder/s.json"));
     QVERIFY(!settings.write(file, error));
     QVERIFY2(error.startsWith(file + QStringLiteral(" cannot be written: ")), qPrintable(error));
+}
+
+// A limit on the size of files stands in for the end of the disk.
+void tst_PreviewSettings::aFullDiskLeavesTheOldFile()
+{
+    const QString file = store("[]");
+    Settings settings;
+    settings.put({QStringLiteral("/films/a.mkv"), Kest3DTurnOff, 0.0, false});
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before;
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit small = {40, before.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+    QString error;
+    const bool written = settings.write(file, error);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+
+    QVERIFY(!written);
+    QVERIFY2(error.startsWith(file + QStringLiteral(" cannot be written: ")), qPrintable(error));
+    QFile old(file);
+    QVERIFY(old.open(QIODevice::ReadOnly));
+    QCOMPARE(old.readAll(), QByteArray("[]"));
+    QCOMPARE(QDir(m_folder.path()).entryList({QStringLiteral("settings.json?*")}), QStringList());
 }
 
 void tst_PreviewSettings::depthHasAPointInEveryLocale()

@@ -152,6 +152,10 @@ oder hier ablegen</translation>
         <source>Settings (*.json)</source>
         <translation>Einstellungen (*.json)</translation>
     </message>
+    <message>
+        <source>Go on</source>
+        <translation>Weitermachen</translation>
+    </message>
 </context>
 <context>
     <name>Modes</name>
@@ -370,10 +374,6 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
         <translation>der Film konnte an dieser Stelle nicht gezeigt werden</translation>
     </message>
     <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
-    </message>
-    <message>
         <source>the engine could not be opened</source>
         <translation>der Player konnte nicht geöffnet werden</translation>
     </message>
@@ -388,6 +388,17 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
     <message>
         <source>there is no display to open a window on; --screenshot needs none</source>
         <translation>es gibt keinen Bildschirm für ein Fenster; --screenshot braucht keinen</translation>
+    </message>
+    <message>
+        <source>there is no image format &quot;%1&quot;</source>
+        <translation>es gibt kein Bildformat „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>ReplaceFile</name>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
 </context>
 <context>
@@ -419,10 +430,6 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
     <message>
         <source>%1 cannot be read as settings: %2</source>
         <translation>%1 kann nicht als Einstellungen gelesen werden: %2</translation>
-    </message>
-    <message>
-        <source>%1 cannot be written: %2</source>
-        <translation>%1 kann nicht geschrieben werden: %2</translation>
     </message>
 </context>
 </TS>
