@@ -46,7 +46,8 @@ Record &record()
 
 constexpr const char *functions[] = {
     "KestOpen",         "KestClose",           "KestAddFile",
-    "KestRemoveFile",   "KestSetStereoLayout", "KestPlay",
+    "KestRemoveFile",   "KestSetStereoLayout", "KestReaderOpen",
+    "KestReaderNext",   "KestReaderClose",     "KestPlay",
     "KestPause",        "KestSetCurPos",       "KestChangeVolume",
     "KestEditBegin",    "KestEditEnd",         "KestGetMediaDuration",
     "KestGetMediaInfo", "KestAddFilter",       "KestAddFilter2",
@@ -242,6 +243,25 @@ int KestRemoveFile(void *engine, int fileId)
 int KestSetStereoLayout(void *engine, int fileId, int layout)
 {
     return answer(engine, "KestSetStereoLayout", QStringLiteral("%1, %2").arg(fileId).arg(layout));
+}
+
+int KestReaderOpen(void *engine, int fileId, void **reader)
+{
+    const int code = answerWith(reader, engine, "KestReaderOpen", QString::number(fileId));
+    if (code == KestOk)
+        *reader = FakeKest::handle();
+    return code;
+}
+
+int KestReaderNext(void *reader, KestPicture *picture)
+{
+    const int code = answerWith(picture, reader, "KestReaderNext", QString());
+    return code == KestOk ? KestAtEnd : code;
+}
+
+void KestReaderClose(void *reader)
+{
+    (void)answer(reader, "KestReaderClose", QString());
 }
 
 const char *KestErrorText(int code)

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void answersDurations();
     void leavesTheDurationAloneOnFailure();
     void answersFilters();
+    void readsFilmsWithoutPictures();
     void hasATextForEveryCode();
     void sendsAnEventAtOnceOnTheCallingThread();
     void sendsNothingWithoutACallback();
@@ -306,6 +307,27 @@ void tst_FakeKest::answersFilters()
     QCOMPARE(int(info.mode), 8);
     QCOMPARE(double(info.depth), -0.5);
     QCOMPARE(KestGetFilter2(engine, 2, 9, &info), int(KestErrorNoFilter));
+}
+
+void tst_FakeKest::readsFilmsWithoutPictures()
+{
+    void *reader = nullptr;
+    KestPicture picture = {};
+    QCOMPARE(KestReaderOpen(engine, 7, &reader), 0);
+    QCOMPARE(reader, engine);
+    QCOMPARE(KestReaderNext(reader, &picture), int(KestAtEnd));
+    KestReaderClose(reader);
+    QCOMPARE(fake.takeCalls(),
+             QStringList({"KestReaderOpen(7)", "KestReaderNext()", "KestReaderClose()"}));
+
+    fake.setResult("KestReaderOpen", KestErrorNotFound);
+    fake.setResult("KestReaderNext", KestErrorPlayer);
+    reader = nullptr;
+    QCOMPARE(KestReaderOpen(engine, 7, &reader), int(KestErrorNotFound));
+    QCOMPARE(reader, nullptr);
+    QCOMPARE(KestReaderNext(engine, &picture), int(KestErrorPlayer));
+    QCOMPARE(KestReaderOpen(engine, 7, nullptr), int(KestErrorArgument));
+    QCOMPARE(KestReaderNext(engine, nullptr), int(KestErrorArgument));
 }
 
 void tst_FakeKest::hasATextForEveryCode()
