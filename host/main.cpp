@@ -1,5 +1,6 @@
 // playwidget-preview: from the command line to the exit status.
 // Not here: the window (previewdialog.cpp), the engine (mediaengine.cpp).
+#include "host/exportjob.h"
 #include "host/language.h"
 #include "host/mediaengine.h"
 #include "host/options.h"
@@ -96,6 +97,14 @@ int takeScreenshot(PreviewDialog &dialog, void *engine, const Options &options)
     return QApplication::exec();
 }
 
+int exportAll(MediaEngine &engine, const Settings &settings, const Options &options, int status)
+{
+    const ExportOrder order{options.exportFolder, options.exportLossless};
+    for (const QString &failure : exportFilms(engine, settings.films(), order))
+        status = complain(failure, Failed);
+    return status;
+}
+
 int run(const Options &options)
 {
     Settings settings;
@@ -105,11 +114,16 @@ int run(const Options &options)
     MediaEngine engine(options.audioOutput);
     if (!engine.handle())
         return complain(Text::tr("the engine could not be opened"), Failed);
+    if (options.noWindow)
+        return exportAll(engine, settings, options, Accepted);
     PreviewDialog dialog(engine, options, settings);
     dialog.open(filmsToOpen(options, settings));
     if (!options.screenshot.isEmpty())
         return takeScreenshot(dialog, engine.handle(), options);
-    return runWindow(dialog, options);
+    const int status = runWindow(dialog, options);
+    if (status == Rejected || options.exportFolder.isEmpty())
+        return status;
+    return exportAll(engine, dialog.settings(), options, status);
 }
 
 /// Whether there is a screen to open a window on, as far as the environment tells.
@@ -154,7 +168,7 @@ int main(int argc, char **argv)
         return complain(options.error + Text::tr(" (--help tells more)"), BadUsage);
     if (!options.answer.isEmpty())
         return print(options.answer.toUtf8(), Accepted);
-    if (!display && options.screenshot.isEmpty())
+    if (!display && options.screenshot.isEmpty() && !options.noWindow)
         return complain(Text::tr("there is no display to open a window on; "
                                  "--screenshot needs none"),
                         Failed);

@@ -20,6 +20,9 @@ const QString audioOutputOption = QStringLiteral("audio-output");
 const QString languageOption = QStringLiteral("language");
 const QString screenshotOption = QStringLiteral("screenshot");
 const QString atOption = QStringLiteral("at");
+const QString exportOption = QStringLiteral("export");
+const QString losslessOption = QStringLiteral("export-lossless");
+const QString noWindowOption = QStringLiteral("no-window");
 const QString helpOption = QStringLiteral("help");
 const QString versionOption = QStringLiteral("version");
 
@@ -46,6 +49,12 @@ public:
              tr("file")},
             {atOption, tr("Where in the film --screenshot looks, in milliseconds."), tr("ms"),
              QStringLiteral("0")},
+            {exportOption,
+             tr("After OK, write each film whose 3D is on into this folder, as the player shows it "
+                "in full size, with its sound: NAME.MODE.mkv."),
+             tr("folder")},
+            {losslessOption, tr("Export to the pixel (FFV1) instead of in H.264.")},
+            {noWindowOption, tr("Export at once what --settings says; needs no display.")},
             {{QStringLiteral("h"), helpOption}, tr("Show this help.")},
             {{QStringLiteral("v"), versionOption}, tr("Show the version.")},
         });
@@ -117,10 +126,12 @@ bool readTime(const Parser &parser, unsigned int &time, QString &error)
 /// What single values cannot tell.
 QString conflict(const Parser &parser, const Options &options)
 {
-    for (const QString &option : {settingsOption, startOption, screenshotOption}) {
+    for (const QString &option : {settingsOption, startOption, screenshotOption, exportOption}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             return Parser::tr("--%1: the name of the file is empty").arg(option);
     }
+    if (options.noWindow && (options.settingsFile.isEmpty() || options.exportFolder.isEmpty()))
+        return Parser::tr("--%1: needs --settings and --export").arg(noWindowOption);
     if (options.mode == options.hiddenMode && options.mode != Kest3DTurnOff)
         return Parser::tr("--%1: films cannot start in the mode that is not offered")
             .arg(modeOption);
@@ -150,6 +161,9 @@ Options readOptions(const QStringList &arguments)
     options.audioOutput = parser.value(audioOutputOption);
     options.language = parser.value(languageOption);
     options.screenshot = parser.value(screenshotOption);
+    options.exportFolder = parser.value(exportOption);
+    options.exportLossless = parser.isSet(losslessOption);
+    options.noWindow = parser.isSet(noWindowOption);
     const bool read = readMode(parser, modeOption, options.mode, options.error)
         && readMode(parser, hideModeOption, options.hiddenMode, options.error)
         && readDepth(parser, options.depth, options.error)

@@ -20,6 +20,9 @@ struct Options
     QString language;                          ///< empty: the system's
     QString screenshot;                        ///< where to write a picture; empty: run for a user
     unsigned int screenshotAt = 0;             ///< ms
+    QString exportFolder;                      ///< where films go after OK; empty: nowhere
+    bool exportLossless = false;               ///< to the pixel, instead of in H.264
+    bool noWindow = false;                     ///< export what the settings say, and quit
 
     QString answer;  ///< help or version, to be printed instead of anything else
     QString error;   ///< what is wrong with the command line; empty when it is right

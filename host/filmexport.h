@@ -1,0 +1,29 @@
+// FilmExport: one film, from the engine's composed pictures to a finished file.
+// Not here: which films, how far they are and how long it will take (exportjob.h).
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+struct FilmOrder
+{
+    void *reader = nullptr;  ///< an engine's; exportFilm() closes it
+    QString source;          ///< the film; its sound and what subtitles Matroska takes are copied
+    QString target;          ///< a Matroska file; where it exists, a number is added to the name
+    int mode = 0;           ///< a tagKest3DMode, which a player is told of where it packs two views
+    bool lossless = false;  ///< the very pixels (FFV1) instead of H.264
+};
+
+struct FilmResult
+{
+    QString file;   ///< the finished file; empty after a failure
+    QString error;  ///< why there is none; empty as well when it was cancelled
+};
+
+/// Called after each picture with its time in the film in ms; false cancels.
+using FilmProgress = std::function<bool(long long milliseconds)>;
+
+/// Blocks; in any thread. Until it is finished the file is called "....part"; after a failure, or
+/// when it is cancelled, nothing of it remains. An existing file is never overwritten.
+FilmResult exportFilm(const FilmOrder &order, const FilmProgress &progress);
