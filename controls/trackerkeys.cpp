@@ -28,12 +28,12 @@ TrackerKeys::~TrackerKeys()
 
 bool TrackerKeys::eventFilter(QObject *watched, QEvent *event)
 {
-    const auto *key = static_cast<QKeyEvent *>(event);
+    const auto key = [event] { return static_cast<QKeyEvent *>(event); };
     switch (event->type()) {
     case QEvent::KeyPress:
-        return isPlain(*key) && press(key->key());
+        return isPlain(*key()) && press(key()->key());
     case QEvent::KeyRelease:
-        return target(key->key()) && (key->isAutoRepeat() || letGo());
+        return target(key()->key()) && (key()->isAutoRepeat() || letGo());
     case QEvent::FocusOut:
         letGo();
         return false;
