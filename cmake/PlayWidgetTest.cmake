@@ -19,6 +19,8 @@ function(playwidget_test name)
     AUTOMOC ON
     RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   target_link_libraries(${name} PRIVATE playwidget_options ${arg_LIBRARIES} Qt::Test)
+  # A test runs for a moment and is compiled for longer; what it tests keeps its own options.
+  target_compile_options(${name} PRIVATE -O0)
   set(display ${arg_SESSION})
   if(arg_PLATFORM STREQUAL "xcb" AND NOT arg_SESSION)
     set(display xvfb-run --auto-servernum --server-args "-screen 0 1280x1024x24")
