@@ -1,4 +1,4 @@
-// The queue of films, and what is said about it.
+// The queue of films, how far it is and how long it will take.
 // Not here: settings (settings.h), encoding (filmexport.cpp).
 #include "host/exportjob.h"
 
@@ -12,10 +12,9 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <csignal>
-#include <cstdio>
-
-#include <unistd.h>
+#include <iterator>
 
 namespace {
 
@@ -24,99 +23,153 @@ struct Text
     Q_DECLARE_TR_FUNCTIONS(Export)
 };
 
-volatile std::sig_atomic_t stopped = 0;
-
-void stop(int)
-{
-    stopped = 1;
-}
-
-/// How far a film is, in one line that is written over itself.
-class Meter
+/// Counts in the films' own time, so that a long film takes up more of the whole than a short one.
+class Progress
 {
 public:
-    Meter(const QString &name, long long duration)
-        : m_name(name)
-        , m_duration(duration)
-        , m_shown(isatty(STDERR_FILENO) && duration > 0)
+    Progress(int count, const ExportWatch &watch)
+        : m_watch(watch)
     {
+        m_state.count = count;
         m_clock.start();
     }
-    ~Meter()
+
+    void expect(long long duration) { m_total += duration; }
+
+    void begin(const QString &path)
     {
-        if (m_shown)
-            std::fputs("\r\033[K", stderr);
+        m_state.path = path;
+        ++m_state.number;
+        m_watch(m_state);
     }
 
     void show(long long time)
     {
-        const long long done = qBound(0LL, time * 1000 / qMax(1LL, m_duration), 1000LL);
-        if (!m_shown || done == m_done || done == 0)
+        const long long done = (m_done + time) * 1000 / qMax(1LL, m_total);
+        if (m_total == 0 || done <= m_state.done || done > 1000)
             return;
-        m_done = done;
-        const long long left = m_clock.elapsed() * (1000 - done) / done / 1000;
-        const QString line = Text::tr("%1: %2 %, %3 s left").arg(m_name).arg(done / 10).arg(left);
-        std::fprintf(stderr, "\r\033[K%s", line.toLocal8Bit().constData());
+        m_state.done = int(done);
+        m_state.left = m_clock.elapsed() * (1000 - done) / done;
+        m_watch(m_state);
+    }
+
+    /// What a failed film has left over would have taken no time, and is not counted.
+    void end(long long duration, bool failed)
+    {
+        (failed ? m_total : m_done) += failed ? -duration : duration;
     }
 
 private:
-    const QString m_name;
-    const long long m_duration;
-    const bool m_shown;
-    long long m_done = 0;
+    const ExportWatch &m_watch;
+    ExportState m_state;
+    long long m_total = 0;  // ms
+    long long m_done = 0;   // ms
     QElapsedTimer m_clock;
 };
 
-/// Returns why the film failed; empty when it did not.
-QString exportOne(MediaEngine &engine, int id, const FilmSettings &film, const ExportOrder &order)
+struct Item
 {
-    engine.add(id, film.path);
-    const MediaFacts facts = engine.examine(id);
-    if (!facts.error.isEmpty())
-        return facts.error;
+    FilmSettings film;
+    int id = 0;
+    MediaFacts facts;
+};
+
+/// Without what holds sound alone, which has no 3D whatever its settings say.
+QVector<Item> examined(MediaEngine &engine, const QVector<FilmSettings> &films,
+                       const ExportStop &stop)
+{
+    QVector<Item> items;
+    for (int i = 0; i < films.size() && !stop(); ++i) {
+        engine.add(i + 1, films[i].path);
+        const MediaFacts facts = engine.examine(i + 1);
+        if (!facts.audioOnly)
+            items.append({films[i], i + 1, facts});
+    }
+    return items;
+}
+
+int openReader(const MediaEngine &engine, const Item &item, void **reader)
+{
     tagKestFilterInfo filter = {};
     filter.type = 17;
-    filter.mode = film.mode;
-    filter.depth = film.depth;
-    (void)KestAddFilter2(engine.handle(), id, 9, &filter);
+    filter.mode = item.film.mode;
+    filter.depth = item.film.depth;
+    (void)KestAddFilter2(engine.handle(), item.id, 9, &filter);
+    return KestReaderOpen(engine.handle(), item.id, reader);
+}
+
+FilmResult exportOne(const MediaEngine &engine, const Item &item, const ExportOrder &order,
+                     const FilmProgress &progress)
+{
+    if (!item.facts.error.isEmpty())
+        return {{}, item.facts.error};
     FilmOrder one;
-    const int code = KestReaderOpen(engine.handle(), id, &one.reader);
+    const int code = openReader(engine, item, &one.reader);
     if (code != KestOk)
-        return QCoreApplication::translate("Engine", KestErrorText(code));
-    const QString name = QFileInfo(film.path).completeBaseName();
-    one.source = film.path;
-    one.target = QDir(order.folder).filePath(name + '.' + modeName(film.mode) + ".mkv");
-    one.mode = film.mode;
+        return {{}, QCoreApplication::translate("Engine", KestErrorText(code))};
+    const QString name = QFileInfo(item.film.path).completeBaseName();
+    one.source = item.film.path;
+    one.target = QDir(order.folder).filePath(name + '.' + modeName(item.film.mode) + ".mkv");
+    one.mode = item.film.mode;
     one.lossless = order.lossless;
-    Meter meter(QFileInfo(film.path).fileName(), facts.duration);
-    const FilmResult result = exportFilm(one, [&meter](long long time) {
-        meter.show(time);
-        return !stopped;
-    });
-    if (!result.file.isEmpty())
-        std::printf("%s\n", result.file.toLocal8Bit().constData());
-    return result.error;
+    return exportFilm(one, progress);
+}
+
+void exportItems(const MediaEngine &engine, const QVector<Item> &items, const ExportOrder &order,
+                 Progress &progress, const ExportStop &stop, ExportSummary &summary)
+{
+    for (const Item &item : items) {
+        if (stop())
+            return;
+        progress.begin(item.film.path);
+        const FilmResult result = exportOne(engine, item, order, [&](long long time) {
+            progress.show(time);
+            return !stop();
+        });
+        if (!result.error.isEmpty())
+            summary.failures.append({item.film.path, result.error});
+        else if (!result.file.isEmpty())
+            summary.files << result.file;
+        progress.end(item.facts.duration, !result.error.isEmpty());
+    }
 }
 
 }  // namespace
 
-QStringList exportFilms(MediaEngine &engine, const QVector<FilmSettings> &films,
-                        const ExportOrder &order)
+QVector<FilmSettings> filmsToExport(const QVector<FilmSettings> &films)
 {
-    if (!QDir().mkpath(order.folder))
-        return {Text::tr("%1: the folder cannot be made").arg(order.folder)};
-    std::signal(SIGINT, stop);
-    std::signal(SIGTERM, stop);
-    std::signal(SIGXFSZ, SIG_IGN);  // a file that becomes too large is told as any failure
-    QStringList failures;
-    for (int i = 0; i < films.size() && !stopped; ++i) {
-        if (films[i].mode == Kest3DTurnOff)
-            continue;
-        const QString error = exportOne(engine, -1 - i, films[i], order);
-        if (!error.isEmpty())
-            failures << films[i].path + QStringLiteral(": ") + error;
+    QVector<FilmSettings> some;
+    std::copy_if(films.begin(), films.end(), std::back_inserter(some),
+                 [](const FilmSettings &film) { return film.mode != Kest3DTurnOff; });
+    return some;
+}
+
+ExportSummary exportFilms(MediaEngine &engine, const QVector<FilmSettings> &films,
+                          const ExportOrder &order, const ExportWatch &watch,
+                          const ExportStop &stop)
+{
+    ExportSummary summary;
+    if (!QDir().mkpath(order.folder)) {
+        summary.failures.append({order.folder, Text::tr("the folder cannot be made")});
+        return summary;
     }
-    if (stopped)
-        failures << Text::tr("the export was stopped");
-    return failures;
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that becomes too large is told as any failure
+    const QVector<FilmSettings> wanted = filmsToExport(films);
+    const QVector<Item> items = examined(engine, wanted, stop);
+    Progress progress(int(items.size()), watch);
+    for (const Item &item : items)
+        progress.expect(item.facts.duration);
+    exportItems(engine, items, order, progress, stop, summary);
+    summary.stopped = stop() && summary.files.size() + summary.failures.size() < wanted.size();
+    return summary;
+}
+
+QStringList failureLines(const ExportSummary &summary)
+{
+    QStringList lines;
+    for (const ExportFailure &failure : summary.failures)
+        lines << failure.path + QStringLiteral(": ") + failure.reason;
+    if (summary.stopped)
+        lines << Text::tr("the export was stopped");
+    return lines;
 }

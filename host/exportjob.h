@@ -1,10 +1,10 @@
 // exportFilms(): every film whose 3D is on, one after the other, into a folder.
-// Not here: one film (filmexport.h).
+// Not here: one film (filmexport.h), who is told (exportconsole.h, exportdialog.h).
 #pragma once
 
 #include "host/settings.h"
 
-#include <QStringList>
+#include <functional>
 
 class MediaEngine;
 
@@ -14,8 +14,43 @@ struct ExportOrder
     bool lossless = false;
 };
 
-/// Blocks. Tells how far it is on standard error where that is a terminal, and each finished file on
-/// standard output. An interrupt or a request to terminate ends it and leaves no half file. Returns a
-/// line for each film that failed, with the reason.
-QStringList exportFilms(MediaEngine &engine, const QVector<FilmSettings> &films,
-                        const ExportOrder &order);
+/// How far all films are together.
+struct ExportState
+{
+    QString path;        ///< the film at work
+    int number = 0;      ///< its place among the films to be written, from 1
+    int count = 0;       ///< how many these are
+    int done = 0;        ///< per mille; stays 0 where no film says how long it is
+    long long left = 0;  ///< ms; 0: not known yet
+};
+
+struct ExportFailure
+{
+    QString path;
+    QString reason;
+};
+
+struct ExportSummary
+{
+    QStringList files;  ///< what was written
+    QVector<ExportFailure> failures;
+    bool stopped = false;  ///< before the last film was written
+};
+
+/// Told when the film at work or its per mille has changed; it may take its time only at the cost of
+/// the export.
+using ExportWatch = std::function<void(const ExportState &state)>;
+
+/// Asked after every picture; true ends the export.
+using ExportStop = std::function<bool()>;
+
+/// The films of these whose 3D is on.
+QVector<FilmSettings> filmsToExport(const QVector<FilmSettings> &films);
+
+/// Blocks; in the engine's thread. What was stopped or fails leaves no half file.
+ExportSummary exportFilms(MediaEngine &engine, const QVector<FilmSettings> &films,
+                          const ExportOrder &order, const ExportWatch &watch,
+                          const ExportStop &stop);
+
+/// What a user calls a failure: "/films/a.mkv: The file does not exist".
+QStringList failureLines(const ExportSummary &summary);

@@ -18,6 +18,7 @@
 FilmPane::FilmPane(FilmList *films, QWidget *parent)
     : QWidget(parent)
     , m_view(new FilmView(films, this))
+    , m_export(new QToolButton(this))
     , m_notice(new QLabel(this))
     , m_settingsFile(new ElidedLabel(this))
 {
@@ -53,9 +54,17 @@ QHBoxLayout *FilmPane::makeActions()
     open->setMenu(menu);
     connect(open, &QToolButton::clicked, this, &FilmPane::openFiles);
 
+    m_export->setObjectName(QStringLiteral("btnExport"));
+    m_export->setText(tr("Export…"));
+    m_export->setToolTip(tr("Write the films whose 3D is on into a folder, as they are shown"));
+    m_export->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    m_export->setEnabled(false);
+    connect(m_export, &QToolButton::clicked, this, &FilmPane::chooseExportFolder);
+
     auto *line = new QHBoxLayout;
     line->addWidget(open);
     line->addStretch();
+    line->addWidget(m_export);
     return line;
 }
 
@@ -84,6 +93,11 @@ void FilmPane::showNotice(const QString &text)
 {
     m_notice->setText(text);
     m_notice->setVisible(!text.isEmpty());
+}
+
+void FilmPane::setExportEnabled(bool enabled)
+{
+    m_export->setEnabled(enabled);
 }
 
 void FilmPane::openFiles()
@@ -122,4 +136,14 @@ void FilmPane::chooseSettingsFile()
         return;
     rememberFolderOf(file);
     Q_EMIT settingsFileWanted(file);
+}
+
+void FilmPane::chooseExportFolder()
+{
+    const QString folder
+        = QFileDialog::getExistingDirectory(this, tr("Export into a folder"), lastFolder());
+    if (folder.isEmpty())
+        return;
+    rememberFolderOf(folder);
+    Q_EMIT exportWanted(folder);
 }

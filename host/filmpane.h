@@ -9,6 +9,7 @@ class FilmList;
 class FilmView;
 class QHBoxLayout;
 class QLabel;
+class QToolButton;
 
 class FilmPane : public QWidget
 {
@@ -25,9 +26,13 @@ public:
     /// A line below the list, for what a user should know; empty takes it away.
     void showNotice(const QString &text);
 
+    /// Whether there is a film to export.
+    void setExportEnabled(bool enabled);
+
 Q_SIGNALS:
     void filesWanted(const QStringList &paths);
     void settingsFileWanted(const QString &file);
+    void exportWanted(const QString &folder);
 
 private:
     QHBoxLayout *makeActions();
@@ -36,8 +41,10 @@ private:
     void openFolder();
     void paste();
     void chooseSettingsFile();
+    void chooseExportFolder();
 
     FilmView *m_view;
+    QToolButton *m_export;
     QLabel *m_notice;
     ElidedLabel *m_settingsFile;
 };

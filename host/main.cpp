@@ -1,6 +1,7 @@
 // playwidget-preview: from the command line to the exit status.
 // Not here: the window (previewdialog.cpp), the engine (mediaengine.cpp).
-#include "host/exportjob.h"
+#include "host/exportconsole.h"
+#include "host/exportdialog.h"
 #include "host/language.h"
 #include "host/mediaengine.h"
 #include "host/options.h"
@@ -97,12 +98,25 @@ int takeScreenshot(PreviewDialog &dialog, void *engine, const Options &options)
     return QApplication::exec();
 }
 
-int exportAll(MediaEngine &engine, const Settings &settings, const Options &options, int status)
+ExportOrder orderOf(const Options &options)
 {
-    const ExportOrder order{options.exportFolder, options.exportLossless};
-    for (const QString &failure : exportFilms(engine, settings.films(), order))
-        status = complain(failure, Failed);
+    return {options.exportFolder, options.exportLossless};
+}
+
+int statusOf(const ExportSummary &summary, int status)
+{
+    for (const QString &line : failureLines(summary))
+        status = complain(line, Failed);
     return status;
+}
+
+int exportInWindow(const QVector<FilmSettings> &films, const Options &options, int status)
+{
+    if (films.isEmpty())
+        return status;
+    ExportDialog dialog(films, orderOf(options));
+    dialog.exec();
+    return statusOf(dialog.summary(), status);
 }
 
 int run(const Options &options)
@@ -115,7 +129,7 @@ int run(const Options &options)
     if (!engine.handle())
         return complain(Text::tr("the engine could not be opened"), Failed);
     if (options.noWindow)
-        return exportAll(engine, settings, options, Accepted);
+        return statusOf(exportOnConsole(engine, settings.films(), orderOf(options)), Accepted);
     PreviewDialog dialog(engine, options, settings);
     dialog.open(filmsToOpen(options, settings));
     if (!options.screenshot.isEmpty())
@@ -123,7 +137,7 @@ int run(const Options &options)
     const int status = runWindow(dialog, options);
     if (status == Rejected || options.exportFolder.isEmpty())
         return status;
-    return exportAll(engine, dialog.settings(), options, status);
+    return exportInWindow(dialog.filmsToExport(), options, status);
 }
 
 /// Whether there is a screen to open a window on, as far as the environment tells.

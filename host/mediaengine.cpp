@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What the engine says when a file cannot be played, for the translators.
+/// What the engine says when a file cannot be played or exported, for the translators.
 [[maybe_unused]] constexpr const char *reasons[] = {
     QT_TRANSLATE_NOOP("Engine", "The file does not exist"),
     QT_TRANSLATE_NOOP("Engine", "The file cannot be read"),
@@ -18,6 +18,7 @@ namespace {
     QT_TRANSLATE_NOOP("Engine", "The file is empty"),
     QT_TRANSLATE_NOOP("Engine", "The file holds no film and no sound that can be played"),
     QT_TRANSLATE_NOOP("Engine", "The file could not be examined in time"),
+    QT_TRANSLATE_NOOP("Engine", "The file holds no film, only sound"),
 };
 
 bool hasPicture(const KestStreamInfo *streams, int count)

@@ -3,6 +3,7 @@
 #include "host/previewdialog.h"
 
 #include "host/depth.h"
+#include "host/exportdialog.h"
 #include "host/filmpane.h"
 #include "host/filmview.h"
 #include "host/keepsettings.h"
@@ -42,6 +43,7 @@ PreviewDialog::PreviewDialog(MediaEngine &engine, const Options &options, const 
     embedPlayer();
     connect(m_pane, &FilmPane::filesWanted, this, &PreviewDialog::open);
     connect(m_pane->view(), &FilmView::chosen, this, &PreviewDialog::select);
+    connect(m_pane, &FilmPane::exportWanted, this, &PreviewDialog::exportTo);
     connect(m_pane, &FilmPane::settingsFileWanted, this, [this](const QString &file) {
         m_settingsFile = file;
         m_pane->showSettingsFile(file);
@@ -159,13 +161,17 @@ void PreviewDialog::begin(int filmId)
 //! [host-select]
 void PreviewDialog::select(int filmId)
 {
-    // A paused player would resume its film whatever is selected. Hiding makes it stop; what the
-    // user has set by then is put where stopping does not drop it.
+    halt();  // a paused player would resume its film whatever is selected
+    m_player->setPlayIndex(m_playList.indexOf(filmId));
+    refresh();
+}
+
+// Hiding makes the player stop; what the user has set by then is put where stopping does not drop it.
+void PreviewDialog::halt()
+{
     keepCurrent();
     m_player->hide();
     m_player->show();
-    m_player->setPlayIndex(m_playList.indexOf(filmId));
-    refresh();
 }
 
 void PreviewDialog::keepCurrent()
@@ -192,6 +198,7 @@ void PreviewDialog::refresh()
         m_films.setSettings(id, mode, depth, changed);
     }
     m_films.setPlaying(m_playList.value(m_player->playIndex()));
+    m_pane->setExportEnabled(!filmsToExport().isEmpty());
     showTitle();
 }
 //! [host-read]
@@ -216,6 +223,25 @@ Settings PreviewDialog::settings() const
             settings.put(now);
     }
     return settings;
+}
+
+QVector<FilmSettings> PreviewDialog::filmsToExport() const
+{
+    QVector<FilmSettings> films;
+    for (const Film &film : m_films.films()) {
+        const bool isOn = film.now.mode != Kest3DTurnOff;
+        if (isOn && film.isPlayable() && !film.facts.audioOnly)
+            films.append(film.now);
+    }
+    return films;
+}
+
+void PreviewDialog::exportTo(const QString &folder)
+{
+    halt();  // its sound would go on behind the export
+    refresh();
+    ExportDialog(filmsToExport(), {folder, m_options.exportLossless}, this).exec();
+    select(m_films.playing());
 }
 
 //! [host-errors]

@@ -32,6 +32,9 @@ public:
     /// What was kept, brought up to date by what the user has chosen.
     Settings settings() const;
 
+    /// The films in the list that can be played and whose 3D is on, as they are shown.
+    QVector<FilmSettings> filmsToExport() const;
+
     /// What the engine refused, and why OK could not write the settings; empty when all went well.
     QStringList errors() const;
 
@@ -60,6 +63,8 @@ private:
     void begin(int filmId);
     void select(int filmId);
     void keepCurrent();
+    void halt();
+    void exportTo(const QString &folder);
     void refresh();
     void showTitle();
 

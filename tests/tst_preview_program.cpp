@@ -3,7 +3,9 @@
 #include "engine/mpv/stereocomposer.h"
 #include "realinput.h"
 
+#include <QDir>
 #include <QGuiApplication>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
 #include <QScreen>
@@ -29,6 +31,8 @@ private Q_SLOTS:
     void changesThatNothingWouldKeepAreAskedFor();
     void fullDiskLeavesTheOldSettingsAndTheUserMayGoOn();
     void opensFilmsByTheirDialog();
+    void exportsAfterOkAndTellsWhatWasWritten();
+    void exportsFromTheWindowAndGoesOn();
     void depthHasAPointWhereOthersWriteAComma();
 
 private:
@@ -46,6 +50,8 @@ private:
     void showControls() const;
     QImage settledPicture() const;
     QImage filmFrame(const char *time) const;
+    QString firstSecondOfFilm() const;
+    void closeSummary(const QString &folder) const;
     void waitForExit(int status);
 
     // Places inside the player, which has the left of the window and a fixed layout.
@@ -409,6 +415,58 @@ void tst_PreviewProgram::opensFilmsByTheirDialog()
     RealInput::click(m_origin + ok);
     waitForExit(0);
     QVERIFY(m_program.readAllStandardOutput().contains("\"path\": \"" SAMPLES "/depth.mkv\""));
+}
+
+QString tst_PreviewProgram::firstSecondOfFilm() const
+{
+    const QString film = m_folder.filePath(QStringLiteral("depth.mkv"));
+    QProcess::execute(QStringLiteral("ffmpeg"),
+                      {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"),
+                       QStringLiteral("-i"), QStringLiteral(SAMPLES "/depth.mkv"),
+                       QStringLiteral("-t"), QStringLiteral("1"), QStringLiteral("-c"),
+                       QStringLiteral("copy"), film});
+    return film;
+}
+
+void tst_PreviewProgram::closeSummary(const QString &folder) const
+{
+    focusWindow("^Export$");
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(folder + QStringLiteral("/depth.red-cyan.mkv")), 30000);
+    QTest::qWait(500);  // the summary is a moment behind the file
+    RealInput::key(QStringLiteral("Return"));
+    QTRY_VERIFY(!visibleWindows("^Export$"));
+}
+
+void tst_PreviewProgram::exportsAfterOkAndTellsWhatWasWritten()
+{
+    const QString folder = m_folder.filePath(QStringLiteral("after-ok"));
+    openWindow({QStringLiteral("--json"), QStringLiteral("--export"), folder, firstSecondOfFilm()});
+    chooseRedCyan();
+    RealInput::click(m_origin + ok);
+    closeSummary(folder);
+    waitForExit(0);
+    const auto settings = QJsonDocument::fromJson(m_program.readAllStandardOutput());
+    QCOMPARE(settings.array().size(), 1);
+}
+
+void tst_PreviewProgram::exportsFromTheWindowAndGoesOn()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("from-window")));
+    const QString folder = m_folder.filePath(QStringLiteral("from-window"));
+    openWindow({QStringLiteral("--json"), firstSecondOfFilm()});
+    chooseRedCyan();
+    RealInput::key(QStringLiteral("ctrl+e"));
+    focusWindow("^Export into a folder$");
+    RealInput::answer({QStringLiteral("type"), folder});
+    const auto closed = [] { return !visibleWindows("^Export into a folder$"); };
+    for (int tries = 0; tries < 3 && !closed(); ++tries) {
+        RealInput::key(QStringLiteral("Return"));
+        (void)QTest::qWaitFor(closed, 2000);
+    }
+    closeSummary(folder);
+    RealInput::click(m_origin + ok);
+    waitForExit(0);
+    QVERIFY(m_program.readAllStandardOutput().contains("\"mode\": \"red-cyan\""));
 }
 
 void tst_PreviewProgram::depthHasAPointWhereOthersWriteAComma()

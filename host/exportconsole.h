@@ -1,0 +1,10 @@
+// exportOnConsole(): an export that a shell starts, watches and stops.
+// Not here: the export (exportjob.h), the one with a window (exportdialog.h).
+#pragma once
+
+#include "host/exportjob.h"
+
+/// Blocks. Tells how far it is on standard error where that is a terminal, and at the end what was
+/// written on standard output. An interrupt or a request to terminate stops it.
+ExportSummary exportOnConsole(MediaEngine &engine, const QVector<FilmSettings> &films,
+                              const ExportOrder &order);

@@ -1,0 +1,130 @@
+// Several films in a row: which, what is told on the way, and the memory they take.
+// Not here: what is in the files (tst_filmexport.cpp).
+#include "clips.h"
+#include "host/exportjob.h"
+#include "host/mediaengine.h"
+
+#include <QtTest>
+
+#include <malloc.h>
+
+namespace {
+
+/// What the process holds, in bytes; not what the allocator keeps for later, which varies.
+qint64 heldBytes()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return qint64(info.uordblks + info.hblkhd);
+}
+
+bool goOn()
+{
+    return false;
+}
+
+}  // namespace
+
+class tst_ExportJob : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_clips.valid());
+        m_film = m_clips.make("film.mkv",
+                              "-f lavfi -i testsrc2=s=640x360:r=25:d=2 -c:v libx264 "
+                              "-preset ultrafast -pix_fmt yuv420p");
+        QVERIFY(!m_film.isEmpty());
+    }
+
+    void filmsWithout3DAreLeftOut()
+    {
+        const QVector<FilmSettings> some
+            = filmsToExport({{"/a", Kest3DTurnOff, 0.0, true}, {"/b", Kest3DRedBlue, 0.0, false}});
+        QCOMPARE(some.size(), 1);
+        QCOMPARE(some.first().path, QString("/b"));
+    }
+
+    void soundAloneIsLeftOut()
+    {
+        const QString sound = m_clips.make("sound.ogg", "-f lavfi -i sine=d=1 -c:a libvorbis");
+        MediaEngine engine("null");
+        const ExportSummary summary = exportFilms(
+            engine, {{sound, Kest3DRedCyan, 0.0, true}}, {m_clips.path("sound"), false},
+            [](const ExportState &) {}, goOn);
+        QVERIFY(!sound.isEmpty());
+        QCOMPARE(summary.files, QStringList());
+        QCOMPARE(failureLines(summary), QStringList());
+    }
+
+    void progressCountsAllFilmsTogether()
+    {
+        QVector<ExportState> states;
+        const auto watch = [&states](const ExportState &state) { states.append(state); };
+        run("progress", 2, watch);
+        QCOMPARE(states.first().number, 1);
+        QCOMPARE(states.first().done, 0);
+        QCOMPARE(states.last().number, 2);
+        QCOMPARE(states.last().count, 2);
+        QCOMPARE(states.last().path, m_film);
+        for (int i = 1; i < states.size(); ++i)
+            QVERIFY(states[i].done >= states[i - 1].done);
+        const auto second
+            = std::find_if(states.begin(), states.end(),
+                           [](const ExportState &state) { return state.number == 2; });
+        QVERIFY2(qAbs(second->done - 490) <= 10, qPrintable(QString::number(second->done)));
+        QVERIFY2(states.last().done > 980, qPrintable(QString::number(states.last().done)));
+    }
+
+    void stoppedItWritesNoFurtherFilm()
+    {
+        int begun = 0;
+        const auto watch = [&begun](const ExportState &state) { begun = state.number; };
+        MediaEngine engine("null");
+        const ExportSummary summary
+            = exportFilms(engine, films(3), {m_clips.path("stopped"), false}, watch,
+                          [&begun] { return begun == 2; });
+        QVERIFY(summary.stopped);
+        QCOMPARE(summary.files, QStringList(m_clips.path("stopped/film.red-cyan.mkv")));
+        QCOMPARE(failureLines(summary), QStringList("the export was stopped"));
+        QCOMPARE(QDir(m_clips.path("stopped")).entryList(QDir::Files),
+                 QStringList("film.red-cyan.mkv"));
+    }
+
+    void memoryStaysFlatOverFilmsInARow()
+    {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        QSKIP("a sanitizer has an allocator of its own");
+#endif
+        QVector<qint64> before;  // each film
+        run("row", 7, [&before](const ExportState &state) {
+            if (state.number > before.size())
+                before.append(heldBytes());
+        });
+        const qint64 grown = before.at(6) - before.at(2);
+        qInfo("after 2 films: %lld kB, after 6: %+lld kB", before.at(2) / 1024, grown / 1024);
+        QVERIFY(grown < 640 * 360 * 4 * 2);  // not a picture for each film
+    }
+
+private:
+    QVector<FilmSettings> films(int count) const
+    {
+        return QVector<FilmSettings>(count, {m_film, Kest3DRedCyan, 0.02, true});
+    }
+
+    void run(const QString &folder, int count, const ExportWatch &watch)
+    {
+        MediaEngine engine("null");
+        const ExportSummary summary
+            = exportFilms(engine, films(count), {m_clips.path(folder), false}, watch, goOn);
+        QCOMPARE(failureLines(summary), QStringList());
+        QCOMPARE(summary.files.size(), count);
+    }
+
+    Clips m_clips;
+    QString m_film;
+};
+
+QTEST_MAIN(tst_ExportJob)
+#include "tst_exportjob.moc"
