@@ -92,7 +92,9 @@ void ExportDialog::layOut()
         layout->addWidget(widget);
     layout->addWidget(m_failures, 1);
     layout->addStretch();
+    layout->addSpacing(8);
     layout->addWidget(m_buttons);
+    m_buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
     resize(440, sizeHint().height());
 }
 
@@ -153,7 +155,9 @@ void ExportDialog::showSummary()
     m_failures->setVisible(!m_summary.failures.isEmpty());
     m_buttons->setEnabled(true);
     m_buttons->setStandardButtons(QDialogButtonBox::Close);
-    m_buttons->button(QDialogButtonBox::Close)->setFocus();
+    QPushButton *close = m_buttons->button(QDialogButtonBox::Close);
+    close->setText(tr("Close"));
+    close->setFocus();
     layout()->activate();
     resize(width(), minimumSizeHint().height());
 }

@@ -4,6 +4,8 @@
 
 #include "host/settings.h"
 
+#include <QStringList>
+
 #include <functional>
 
 class MediaEngine;

@@ -125,12 +125,22 @@
         <translation>In %1</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="129"/>
+        <location filename="../exportdialog.cpp" line="97"/>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <location filename="../exportdialog.cpp" line="131"/>
         <source>Film %1 of %2: %3</source>
         <translation>Film %1 von %2: %3</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="168"/>
+        <location filename="../exportdialog.cpp" line="159"/>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <location filename="../exportdialog.cpp" line="172"/>
         <source>Cancelling…</source>
         <translation>Wird abgebrochen …</translation>
     </message>
@@ -195,52 +205,52 @@
         <translation>Die Filme mit eingeschaltetem 3D so, wie sie gezeigt werden, in einen Ordner schreiben</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="74"/>
+        <location filename="../filmpane.cpp" line="75"/>
         <source>Choose…</source>
         <translation>Wählen …</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="75"/>
+        <location filename="../filmpane.cpp" line="76"/>
         <source>Choose the file that OK writes the settings to</source>
         <translation>Die Datei wählen, in die OK die Einstellungen schreibt</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="86"/>
+        <location filename="../filmpane.cpp" line="87"/>
         <source>No settings file yet</source>
         <translation>Noch keine Einstellungsdatei</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="87"/>
+        <location filename="../filmpane.cpp" line="88"/>
         <source>OK writes %1</source>
         <translation>OK schreibt %1</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="104"/>
+        <location filename="../filmpane.cpp" line="105"/>
         <source>Open films</source>
         <translation>Filme öffnen</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="114"/>
+        <location filename="../filmpane.cpp" line="115"/>
         <source>Open a folder of films</source>
         <translation>Einen Ordner mit Filmen öffnen</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="124"/>
+        <location filename="../filmpane.cpp" line="125"/>
         <source>What was copied names no file.</source>
         <translation>Das Kopierte nennt keine Datei.</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="131"/>
+        <location filename="../filmpane.cpp" line="132"/>
         <source>Write the settings to</source>
         <translation>Einstellungen schreiben nach</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="133"/>
+        <location filename="../filmpane.cpp" line="134"/>
         <source>Settings (*.json)</source>
         <translation>Einstellungen (*.json)</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="143"/>
+        <location filename="../filmpane.cpp" line="144"/>
         <source>Export into a folder</source>
         <translation>In einen Ordner exportieren</translation>
     </message>
