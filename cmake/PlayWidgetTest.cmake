@@ -21,7 +21,9 @@ function(playwidget_test name)
   target_link_libraries(${name} PRIVATE playwidget_options ${arg_LIBRARIES} Qt::Test)
   # A test runs for a moment and is compiled for longer; what it tests keeps its own options.
   target_compile_options(${name} PRIVATE -O0)
-  if("${arg_LIBRARIES};" MATCHES "playwidget_under_test;|preview_parts;|kest;|Qt::Widgets;|::Kest;")
+  # libmpv's own options would make the headers others.
+  if("${arg_LIBRARIES};" MATCHES "playwidget_under_test;|preview_parts;|kest;|Qt::Widgets;|::Kest;"
+     AND NOT "${arg_LIBRARIES}" MATCHES "PkgConfig::MPV")
     playwidget_use_precompiled(${name} playwidget_test_headers)
   endif()
   set(display ${arg_SESSION})
