@@ -1,5 +1,5 @@
 # Qt's common headers, read once for all files of a kind: a build from nothing takes half the time.
-# Files include what they use all the same; a build inside another project goes without, and shows it.
+# Files include what they use all the same; what is shipped is built without, and shows it.
 
 # clang refuses headers that were read under other macros.
 if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

@@ -61,15 +61,10 @@ set_tests_properties(consumer_pkg_config PROPERTIES
   FIXTURES_REQUIRED moved_prefix)
 
 # The tree inside a stranger's project, as static libraries; those are installed and found as well.
-# With Qt 6 without precompiled headers, so that a file that forgot an include shows.
-set(precompile)
-if(PLAYWIDGET_QT EQUAL 5)
-  set(precompile -DPLAYWIDGET_PRECOMPILE=ON)
-endif()
 playwidget_consumer(add_subdirectory ${CMAKE_CURRENT_SOURCE_DIR}/consumer consumer
   MAKES static_build
   OPTIONS -DPLAYWIDGET_SOURCE=${PROJECT_SOURCE_DIR} -DPLAYWIDGET_QT=${PLAYWIDGET_QT}
-    -DPLAYWIDGET_WERROR=${PLAYWIDGET_WERROR} ${precompile} -DBUILD_SHARED_LIBS=OFF -DPLAYWIDGET_INSTALL=ON
+    -DPLAYWIDGET_WERROR=${PLAYWIDGET_WERROR} -DPLAYWIDGET_PRECOMPILE=ON -DBUILD_SHARED_LIBS=OFF -DPLAYWIDGET_INSTALL=ON
   ARGUMENTS ${film})
 add_test(NAME consumer_install_static COMMAND ${CMAKE_COMMAND}
   -D build=${prefix}/add_subdirectory -D prefix=${prefix}/static_prefix
