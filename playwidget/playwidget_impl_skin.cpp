@@ -41,7 +41,9 @@ void skinSlider(ImageTracker *slider, const QString &handle, int maximum, int va
 
 void PlayWidget_Impl::loadSkin()
 {
-    Q_INIT_RESOURCE(Varlume);  // a static library brings its images only when they are asked for
+#ifdef PLAYWIDGET_STATIC
+    Q_INIT_RESOURCE(Varlume);  // the linker leaves out what nobody asks for
+#endif
     loadButtonIcons();
     loadSliders();
     for (const auto standard : {QDialogButtonBox::Ok, QDialogButtonBox::Cancel})
