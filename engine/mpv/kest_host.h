@@ -104,7 +104,8 @@ KEST_EXPORT void KestClose(void *engine);
 /// on with the old file, shown as it was.
 KEST_EXPORT int KestAddFile(void *engine, int fileId, const char *utf8Path);
 
-/// Forgets a file, the filters kept for it and its layout. An edit that is open on it is ended without save.
+/// Forgets a file, the filters kept for it and its layout. An edit that is open on it is ended
+/// without save.
 KEST_EXPORT int KestRemoveFile(void *engine, int fileId);
 
 /// Sets how the views of both eyes lie in a file's frames, a KestStereoLayout, in place of what the
@@ -116,10 +117,10 @@ KEST_EXPORT int KestRemoveFile(void *engine, int fileId);
 ///
 /// As tagged: Matroska and WebM (StereoMode), MP4 and QuickTime (st3d), or else the frame packing in
 /// the first picture of H.264 and HEVC. Other packings than side by side and top and bottom count as
-/// flat. Tags do not tell half from whole. Each view has the shape
-/// that the file gives it, unless that is narrower than 5:4 or not narrower than 5:2, and doubling or
-/// halving its width leads in between: such files, which are common, are taken to mean that. Square
-/// views and others that are no film's may need to be told here.
+/// flat. Tags do not tell half from whole. Each view has the shape that the file gives it, unless that
+/// is narrower than 5:4 or not narrower than 5:2, and doubling or halving its width leads in between:
+/// such files, which are common, are taken to mean that. Square views and others that are no film's
+/// may need to be told here.
 KEST_EXPORT int KestSetStereoLayout(void *engine, int fileId, int layout);
 
 /// Opens a film to be read picture by picture, each exactly once and in order, composed with the 3D
