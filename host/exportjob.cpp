@@ -6,6 +6,7 @@
 #include "host/filmexport.h"
 #include "host/mediaengine.h"
 #include "host/modenames.h"
+#include "playwidget/playwidget.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -90,11 +91,8 @@ QVector<Item> examined(MediaEngine &engine, const QVector<FilmSettings> &films,
 
 int openReader(const MediaEngine &engine, const Item &item, void **reader)
 {
-    tagKestFilterInfo filter = {};
-    filter.type = 17;
-    filter.mode = item.film.mode;
-    filter.depth = item.film.depth;
-    (void)KestAddFilter2(engine.handle(), item.id, 9, &filter);
+    (void)PlayWidget::setMovie3DPropsDirect(engine.handle(), item.id, item.film.mode,
+                                            item.film.depth);
     return KestReaderOpen(engine.handle(), item.id, reader);
 }
 

@@ -65,7 +65,6 @@ void PreviewDialog::embedPlayer()
     setPlayerTexts(*m_player);
     m_player->setFixedSize(m_player->actualSize());
     m_player->initialize(m_engine.handle(), m_options.hiddenMode);
-    connect(m_player, &PlayWidget::accepted, this, &QDialog::accept);
     m_player->setPlayIndex(0);  // there is none yet, which takes the steps to others away
     connect(m_player, &PlayWidget::accepted, this, &QDialog::accept);
     connect(m_player, &PlayWidget::rejected, this, &QDialog::reject);
