@@ -104,21 +104,23 @@ void part(const quint32 *from, quint32 *even, quint32 *odd, int pairs)
     }
 }
 
-/// One half of a pair of columns, and what it is blended with.
-struct Blended
+/// Every other column of a row, from three that follow each other.
+struct EveryOther
 {
-    const uchar *near, *far;
+    const uchar *first, *second, *third;
 };
 
 /// halve() of columns that are blended first, byte by byte: each sum fits into 16 bits, of which a
 /// processor takes twice as many at a time.
 FOR_EACH_PROCESSOR
-void halveBlended(Blended even, Blended odd, quint32 share, uchar *to, int bytes)
+void halveBlended(EveryOther columns, quint32 share, uchar *to, int bytes)
 {
     const auto nearShare = quint16(256 - share), farShare = quint16(share);
     for (int x = 0; x < bytes; ++x) {
-        const auto a = quint16(even.near[x] * nearShare + even.far[x] * farShare + 128);
-        const auto b = quint16(odd.near[x] * nearShare + odd.far[x] * farShare + 128);
+        const quint16 first = columns.first[x], second = columns.second[x],
+                      third = columns.third[x];
+        const auto a = quint16(first * nearShare + second * farShare + 128);
+        const auto b = quint16(second * nearShare + third * farShare + 128);
         to[x] = uchar(((a >> 8) + (b >> 8) + 1) >> 1);
     }
 }
@@ -203,10 +205,10 @@ private:
     void composeBlendedHalves(const uchar *left, const uchar *right, quint32 *to)
     {
         takeApart(left);
-        halveBlendedView(m_columns, m_columns + 1, to);
+        halveBlendedView(m_columns, m_share, to);
         if (right != left)
             takeApart(right);
-        halveBlendedView(-m_columns, -m_columns - 1, to + m_width / 2);
+        halveBlendedView(-m_columns - 1, 256 - m_share, to + m_width / 2);
     }
 
     void takeApart(const uchar *row)
@@ -215,15 +217,13 @@ private:
              m_odd.data() + m_margin / 2, m_width / 2);
     }
 
-    /// The view between those moved by `near` and by `far` columns.
-    void halveBlendedView(int near, int far, quint32 *to) const
+    /// The view that lies `share` / 256 between those moved by `columns` and by one more.
+    void halveBlendedView(int columns, quint32 share, quint32 *to) const
     {
-        halveBlended({everyOther(near), everyOther(far)},
-                     {everyOther(near + 1), everyOther(far + 1)}, m_share,
+        halveBlended({everyOther(columns), everyOther(columns + 1), everyOther(columns + 2)}, share,
                      reinterpret_cast<uchar *>(to), m_width / 2 * int(sizeof(quint32)));
     }
 
-    /// Every other column of the row from this one on.
     const uchar *everyOther(int column) const
     {
         const int place = column + m_margin;
