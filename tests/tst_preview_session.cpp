@@ -13,6 +13,7 @@
 #include <QDrag>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
@@ -23,6 +24,7 @@
 #include <QStyleOptionSlider>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 
@@ -52,6 +54,25 @@ private:
     QString m_file;
 };
 
+/// Says "Go on" to every message box, and counts them.
+class BoxCounter : public QObject
+{
+public:
+    BoxCounter() { qApp->installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        auto *box = qobject_cast<QMessageBox *>(object);
+        if (box && event->type() == QEvent::Show) {
+            ++count;
+            QTimer::singleShot(0, box, &QMessageBox::reject);
+        }
+        return false;
+    }
+};
+
 class tst_PreviewSession : public QObject
 {
     Q_OBJECT
@@ -62,6 +83,7 @@ private Q_SLOTS:
     void cleanup();
 
     void okKeepsTheSettingsAndAppliesThemToAll();
+    void okAsksOnceWhereToSave();
     void cancelBringsEveryFileBack();
     void escapeBringsEveryFileBack();
     void hidingStopsAndDropsTheEdit();
@@ -99,6 +121,7 @@ private:
         return list()->viewport()->mapToGlobal(place.center());
     }
     QString copyOfFilm(const QString &name) const;
+    void openWindow(const Options &options);
 
     QTemporaryDir m_folder;
     std::unique_ptr<MediaEngine> m_engine;
@@ -114,10 +137,16 @@ void tst_PreviewSession::initTestCase()
 
 void tst_PreviewSession::init()
 {
-    m_engine = std::make_unique<MediaEngine>(QStringLiteral("null"));
-    QVERIFY(m_engine->handle());
     Options options;
     options.json = true;  // OK has somewhere to put the settings, and asks nothing
+    openWindow(options);
+}
+
+void tst_PreviewSession::openWindow(const Options &options)
+{
+    cleanup();
+    m_engine = std::make_unique<MediaEngine>(QStringLiteral("null"));
+    QVERIFY(m_engine->handle());
     m_dialog = std::make_unique<PreviewDialog>(*m_engine, options, Settings());
     m_dialog->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
@@ -237,6 +266,18 @@ void tst_PreviewSession::okKeepsTheSettingsAndAppliesThemToAll()
         compareKept(fileId, Kest3DRedCyan, depth);
     compareSettings(Kest3DRedCyan, depth, true);
     QCOMPARE(m_dialog->errors(), QStringList());
+}
+
+void tst_PreviewSession::okAsksOnceWhereToSave()
+{
+    openWindow({});
+    chooseRedCyan();
+    QTRY_VERIFY(m_dialog->settings().films().at(0).changed);
+    BoxCounter boxes;
+    RealInput::click(middle(child<QDialogButtonBox>("buttonBox")->button(QDialogButtonBox::Ok)));
+    QTRY_VERIFY(boxes.count > 0);
+    QCOMPARE(boxes.count, 1);
+    QVERIFY(m_dialog->isVisible());
 }
 
 void tst_PreviewSession::cancelBringsEveryFileBack()
