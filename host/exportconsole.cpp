@@ -1,11 +1,12 @@
-// One line that is written over itself, and the signals.
+// One line that is written over itself.
 // Not here: failures, which the program tells like all others.
 #include "host/exportconsole.h"
+
+#include "host/stopsignals.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
 
-#include <csignal>
 #include <cstdio>
 
 #include <unistd.h>
@@ -16,13 +17,6 @@ struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(Export)
 };
-
-volatile std::sig_atomic_t stopped = 0;
-
-void stop(int)
-{
-    stopped = 1;
-}
 
 void show(const ExportState &state)
 {
@@ -40,15 +34,12 @@ void show(const ExportState &state)
 ExportSummary exportOnConsole(MediaEngine &engine, const QVector<FilmSettings> &films,
                               const ExportOrder &order)
 {
-    std::signal(SIGINT, stop);
-    std::signal(SIGTERM, stop);
     const bool shown = isatty(STDERR_FILENO);
     const auto watch = [shown](const ExportState &state) {
         if (shown)
             show(state);
     };
-    const ExportSummary summary
-        = exportFilms(engine, films, order, watch, [] { return stopped != 0; });
+    const ExportSummary summary = exportFilms(engine, films, order, watch, &StopSignals::arrived);
     if (shown)
         std::fputs("\r\033[K", stderr);
     for (const QString &file : summary.files)

@@ -5,6 +5,6 @@
 #include "host/exportjob.h"
 
 /// Blocks. Tells how far it is on standard error where that is a terminal, and at the end what was
-/// written on standard output. An interrupt or a request to terminate stops it.
+/// written on standard output. A StopSignals stops it.
 ExportSummary exportOnConsole(MediaEngine &engine, const QVector<FilmSettings> &films,
                               const ExportOrder &order);

@@ -37,11 +37,11 @@ QString countText(const ExportSummary &summary)
     return ExportDialog::tr("Films written: %1, failed: %2").arg(written).arg(failed);
 }
 
-QString failuresText(const ExportSummary &summary)
+QString remarksText(const ExportSummary &summary)
 {
     QStringList lines;
-    for (const ExportFailure &failure : summary.failures)
-        lines << QFileInfo(failure.path).fileName() + QStringLiteral(": ") + failure.reason;
+    for (const ExportRemark &remark : summary.failures + summary.leftOut)
+        lines << QFileInfo(remark.path).fileName() + QStringLiteral(": ") + remark.text;
     return lines.join('\n');
 }
 
@@ -56,7 +56,7 @@ ExportDialog::ExportDialog(const QVector<FilmSettings> &films, const ExportOrder
     , m_bar(new QProgressBar(this))
     , m_timeLeft(new QLabel(this))
     , m_folder(new ElidedLabel(this))
-    , m_failures(new QPlainTextEdit(this))
+    , m_remarks(new QPlainTextEdit(this))
     , m_buttons(new QDialogButtonBox(QDialogButtonBox::Cancel, this))
 {
     setWindowTitle(tr("Export"));
@@ -67,9 +67,16 @@ ExportDialog::ExportDialog(const QVector<FilmSettings> &films, const ExportOrder
 
 ExportDialog::~ExportDialog()
 {
-    m_cancelled = true;
-    if (m_thread)
+    (void)summary();
+}
+
+const ExportSummary &ExportDialog::summary()
+{
+    if (m_thread && !m_thread->isFinished()) {
+        m_cancelled = true;
         m_thread->wait();
+    }
+    return m_summary;
 }
 
 void ExportDialog::layOut()
@@ -83,14 +90,14 @@ void ExportDialog::layOut()
     m_folder->setText(tr("In %1").arg(QDir::toNativeSeparators(m_order.folder)));
     m_folder->setToolTip(m_order.folder);
     m_folder->hide();
-    m_failures->setObjectName(QStringLiteral("edtFailures"));
-    m_failures->setReadOnly(true);
-    m_failures->hide();
+    m_remarks->setObjectName(QStringLiteral("edtRemarks"));
+    m_remarks->setReadOnly(true);
+    m_remarks->hide();
     auto *layout = new QVBoxLayout(this);
     for (QWidget *widget : {static_cast<QWidget *>(m_title), static_cast<QWidget *>(m_bar),
                             static_cast<QWidget *>(m_timeLeft), static_cast<QWidget *>(m_folder)})
         layout->addWidget(widget);
-    layout->addWidget(m_failures, 1);
+    layout->addWidget(m_remarks, 1);
     layout->addStretch();
     layout->addSpacing(8);
     layout->addWidget(m_buttons);
@@ -151,8 +158,8 @@ void ExportDialog::showSummary()
     m_title->setText(countText(m_summary));
     m_title->setToolTip({});
     m_folder->show();
-    m_failures->setPlainText(failuresText(m_summary));
-    m_failures->setVisible(!m_summary.failures.isEmpty());
+    m_remarks->setPlainText(remarksText(m_summary));
+    m_remarks->setVisible(!m_remarks->toPlainText().isEmpty());
     m_buttons->setEnabled(true);
     m_buttons->setStandardButtons(QDialogButtonBox::Close);
     QPushButton *close = m_buttons->button(QDialogButtonBox::Close);

@@ -27,11 +27,11 @@ public:
     ExportDialog(const QVector<FilmSettings> &films, const ExportOrder &order,
                  QWidget *parent = nullptr);
 
-    /// Cancels what is at work, and waits for it.
+    /// As summary().
     ~ExportDialog() override;
 
-    /// Once the export has ended.
-    const ExportSummary &summary() const { return m_summary; }
+    /// Cancels what is still at work, and waits for it.
+    const ExportSummary &summary();
 
     /// Cancel, Escape and closing the window: cancels, or closes the summary.
     void reject() override;
@@ -56,7 +56,7 @@ private:
     QProgressBar *m_bar;
     QLabel *m_timeLeft;
     ElidedLabel *m_folder;
-    QPlainTextEdit *m_failures;
+    QPlainTextEdit *m_remarks;
     QDialogButtonBox *m_buttons;
     std::unique_ptr<QThread> m_thread;
     std::atomic<bool> m_cancelled{false};

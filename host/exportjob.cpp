@@ -14,7 +14,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <csignal>
 #include <iterator>
 
 namespace {
@@ -100,17 +99,27 @@ FilmResult exportOne(const MediaEngine &engine, const Item &item, const ExportOr
                      const FilmProgress &progress)
 {
     if (!item.facts.error.isEmpty())
-        return {{}, item.facts.error};
+        return {{}, item.facts.error, {}};
     FilmOrder one;
     const int code = openReader(engine, item, &one.reader);
     if (code != KestOk)
-        return {{}, QCoreApplication::translate("Engine", KestErrorText(code))};
+        return {{}, QCoreApplication::translate("Engine", KestErrorText(code)), {}};
     const QString name = QFileInfo(item.film.path).completeBaseName();
     one.source = item.film.path;
     one.target = QDir(order.folder).filePath(name + '.' + modeName(item.film.mode) + ".mkv");
     one.mode = item.film.mode;
     one.lossless = order.lossless;
     return exportFilm(one, progress);
+}
+
+void keep(const FilmResult &result, const QString &path, ExportSummary &summary)
+{
+    if (!result.error.isEmpty())
+        summary.failures.append({path, result.error});
+    else if (!result.file.isEmpty())
+        summary.files << result.file;
+    for (const QString &text : result.leftOut)
+        summary.leftOut.append({path, text});
 }
 
 void exportItems(const MediaEngine &engine, const QVector<Item> &items, const ExportOrder &order,
@@ -124,10 +133,7 @@ void exportItems(const MediaEngine &engine, const QVector<Item> &items, const Ex
             progress.show(time);
             return !stop();
         });
-        if (!result.error.isEmpty())
-            summary.failures.append({item.film.path, result.error});
-        else if (!result.file.isEmpty())
-            summary.files << result.file;
+        keep(result, item.film.path, summary);
         progress.end(item.facts.duration, !result.error.isEmpty());
     }
 }
@@ -151,7 +157,6 @@ ExportSummary exportFilms(MediaEngine &engine, const QVector<FilmSettings> &film
         summary.failures.append({order.folder, Text::tr("the folder cannot be made")});
         return summary;
     }
-    std::signal(SIGXFSZ, SIG_IGN);  // a file that becomes too large is told as any failure
     const QVector<FilmSettings> wanted = filmsToExport(films);
     const QVector<Item> items = examined(engine, wanted, stop);
     Progress progress(int(items.size()), watch);
@@ -162,12 +167,23 @@ ExportSummary exportFilms(MediaEngine &engine, const QVector<FilmSettings> &film
     return summary;
 }
 
-QStringList failureLines(const ExportSummary &summary)
+static QStringList linesOf(const QVector<ExportRemark> &remarks)
 {
     QStringList lines;
-    for (const ExportFailure &failure : summary.failures)
-        lines << failure.path + QStringLiteral(": ") + failure.reason;
+    for (const ExportRemark &remark : remarks)
+        lines << remark.path + QStringLiteral(": ") + remark.text;
+    return lines;
+}
+
+QStringList failureLines(const ExportSummary &summary)
+{
+    QStringList lines = linesOf(summary.failures);
     if (summary.stopped)
         lines << Text::tr("the export was stopped");
     return lines;
+}
+
+QStringList leftOutLines(const ExportSummary &summary)
+{
+    return linesOf(summary.leftOut);
 }

@@ -26,17 +26,19 @@ struct ExportState
     long long left = 0;  ///< ms; 0: not known yet
 };
 
-struct ExportFailure
+/// What there is to say of a film.
+struct ExportRemark
 {
     QString path;
-    QString reason;
+    QString text;
 };
 
 struct ExportSummary
 {
     QStringList files;  ///< what was written
-    QVector<ExportFailure> failures;
-    bool stopped = false;  ///< before the last film was written
+    QVector<ExportRemark> failures;
+    QVector<ExportRemark> leftOut;  ///< of films that were written
+    bool stopped = false;           ///< before the last film was written
 };
 
 /// Told when the film at work or its per mille has changed; it may take its time only at the cost of
@@ -56,3 +58,6 @@ ExportSummary exportFilms(MediaEngine &engine, const QVector<FilmSettings> &film
 
 /// What a user calls a failure: "/films/a.mkv: The file does not exist".
 QStringList failureLines(const ExportSummary &summary);
+
+/// The same of what is no failure: "/films/b.mp4: without its subtitles in ...".
+QStringList leftOutLines(const ExportSummary &summary);

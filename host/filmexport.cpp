@@ -1,49 +1,27 @@
 // Encoding with libavcodec and writing Matroska with libavformat.
-// Not here: the file's name and its fate (newfile.cpp).
+// Not here: what is copied from the source (streamcopy.cpp), the file's name and fate (newfile.cpp).
 #include "host/filmexport.h"
 
 #include "engine/mpv/kest_host.h"
+#include "host/ffmpeg.h"
 #include "host/newfile.h"
+#include "host/streamcopy.h"
 
 #include <QCoreApplication>
 
 extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
 #include <libavutil/opt.h>
 #include <libswscale/swscale.h>
 }
 
 #include <cerrno>
 #include <memory>
-#include <vector>
 
 namespace {
 
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(Export)
-};
-
-/// Why there will be no file.
-struct Failure
-{
-    QString text;
-};
-
-template <auto release> struct Releaser
-{
-    template <typename Type> void operator()(Type *pointer) const { release(&pointer); }
-};
-
-struct CloseInput
-{
-    void operator()(AVFormatContext *input) const
-    {
-        AVIOContext *io = input->pb;
-        avformat_close_input(&input);
-        avio_closep(&io);
-    }
 };
 
 struct FreeOutput
@@ -62,49 +40,10 @@ struct FreeScaler
     void operator()(SwsContext *scaler) const { sws_freeContext(scaler); }
 };
 
-using Input = std::unique_ptr<AVFormatContext, CloseInput>;
 using Output = std::unique_ptr<AVFormatContext, FreeOutput>;
-using Encoder = std::unique_ptr<AVCodecContext, Releaser<avcodec_free_context>>;
-using Picture = std::unique_ptr<AVFrame, Releaser<av_frame_free>>;
-using Packet = std::unique_ptr<AVPacket, Releaser<av_packet_free>>;
 using Scaler = std::unique_ptr<SwsContext, FreeScaler>;
 
-constexpr AVRational milliseconds = {1, 1000};  // what Matroska counts in
 constexpr int bufferSize = 256 * 1024;
-
-QString wordsFor(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE];
-    return QString::fromLocal8Bit(av_make_error_string(text, sizeof text, code));
-}
-
-int checked(int code)
-{
-    if (code < 0)
-        throw Failure{wordsFor(code)};
-    return code;
-}
-
-/// What the film names inside itself is not opened.
-int refuseToOpen(AVFormatContext *, AVIOContext **, const char *, int, AVDictionary **)
-{
-    return AVERROR(EPERM);
-}
-
-Input openInput(const QString &source)
-{
-    AVIOContext *io = nullptr;
-    const QByteArray url = "file:" + source.toUtf8();
-    checked(avio_open(&io, url.constData(), AVIO_FLAG_READ));
-    AVFormatContext *input = avformat_alloc_context();
-    input->io_open = refuseToOpen;
-    input->pb = io;
-    const int code = avformat_open_input(&input, "", nullptr, nullptr);  // frees input on failure
-    if (code < 0)
-        avio_closep(&io);
-    checked(code);
-    return Input(input);
-}
 
 int writeBytes(void *file, std::uint8_t *bytes, int size)
 {
@@ -144,81 +83,52 @@ public:
     Conversion(const FilmOrder &order, QFile &target);
     void add(const KestPicture &picture);
     void finish();
+    const QStringList &leftOut() const { return m_others.leftOut(); }
 
 private:
-    void copyStreams();
+    static AVFormatContext *newOutput(QFile &target);
     void begin(const KestPicture &first);
     void openEncoder(const KestPicture &first);
+    void openScaler();
     void convert(const KestPicture &picture);
     void encode(AVFrame *frame);
-    void copyUntil(std::int64_t time);
 
     const FilmOrder &m_order;
-    QFile &m_target;
-    Input m_input;
     Output m_output;
-    AVStream *m_stream = nullptr;  // the pictures
-    Encoder m_encoder;
+    AVStream *m_stream;  // the pictures
+    StreamCopy m_others;
+    Codec m_encoder;
     Scaler m_scaler;
     Picture m_frame{av_frame_alloc()};
     Packet m_encoded{av_packet_alloc()};
-    Packet m_copied{av_packet_alloc()};  // read, and not due yet
-    std::vector<int> m_streamMap;        // from the film's streams; -1: left out
     std::int64_t m_last = AV_NOPTS_VALUE;
 };
 
 Conversion::Conversion(const FilmOrder &order, QFile &target)
     : m_order(order)
-    , m_target(target)
-    , m_input(openInput(order.source))
+    , m_output(newOutput(target))
+    , m_stream(avformat_new_stream(m_output.get(), nullptr))
+    , m_others(order.source, *m_output)
+{ }
+
+AVFormatContext *Conversion::newOutput(QFile &target)
 {
-    checked(avformat_find_stream_info(m_input.get(), nullptr));
     AVFormatContext *output = nullptr;
     checked(avformat_alloc_output_context2(&output, nullptr, "matroska", nullptr));
-    m_output.reset(output);
     output->pb = avio_alloc_context(static_cast<std::uint8_t *>(av_malloc(bufferSize)), bufferSize,
                                     1, &target, nullptr, writeBytes, seekBytes);
-    m_stream = avformat_new_stream(output, nullptr);
-    av_dict_copy(&output->metadata, m_input->metadata, 0);
-    copyStreams();
-}
-
-void Conversion::copyStreams()
-{
-    for (unsigned i = 0; i < m_input->nb_streams; ++i) {
-        AVStream &from = *m_input->streams[i];
-        const AVMediaType type = from.codecpar->codec_type;
-        const bool fits
-            = avformat_query_codec(m_output->oformat, from.codecpar->codec_id, FF_COMPLIANCE_NORMAL)
-            == 1;
-        if (type == AVMEDIA_TYPE_AUDIO && !fits)
-            throw Failure{Text::tr("Matroska cannot hold its sound")};
-        m_streamMap.push_back(-1);
-        from.discard = AVDISCARD_ALL;
-        if (!fits || (type != AVMEDIA_TYPE_AUDIO && type != AVMEDIA_TYPE_SUBTITLE))
-            continue;
-        from.discard = AVDISCARD_DEFAULT;
-        AVStream *to = avformat_new_stream(m_output.get(), nullptr);
-        checked(avcodec_parameters_copy(to->codecpar, from.codecpar));
-        to->codecpar->codec_tag = 0;
-        to->time_base = from.time_base;
-        to->disposition = from.disposition;
-        av_dict_copy(&to->metadata, from.metadata, 0);
-        m_streamMap.back() = to->index;
-    }
+    return output;
 }
 
 void Conversion::begin(const KestPicture &first)
 {
     openEncoder(first);
+    openScaler();
     checked(avcodec_parameters_from_context(m_stream->codecpar, m_encoder.get()));
     m_stream->time_base = milliseconds;
     if (const char *stereo = stereoMode(m_order.mode))
         av_dict_set(&m_stream->metadata, "stereo_mode", stereo, 0);
     checked(avformat_write_header(m_output.get(), nullptr));
-    m_frame->format = m_encoder->pix_fmt;
-    m_frame->width = first.width;
-    m_frame->height = first.height;
 }
 
 void Conversion::openEncoder(const KestPicture &first)
@@ -248,10 +158,16 @@ void Conversion::openEncoder(const KestPicture &first)
     }
     m_encoder->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     checked(avcodec_open2(m_encoder.get(), codec, nullptr));
+}
 
-    m_scaler.reset(sws_getContext(
-        first.width, first.height, AV_PIX_FMT_BGR0, first.width, first.height, m_encoder->pix_fmt,
-        SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INP, nullptr, nullptr, nullptr));
+/// From the engine's kind of pixels to the encoder's.
+void Conversion::openScaler()
+{
+    const int width = m_encoder->width;
+    const int height = m_encoder->height;
+    m_scaler.reset(sws_getContext(width, height, AV_PIX_FMT_BGR0, width, height, m_encoder->pix_fmt,
+                                  SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INP, nullptr,
+                                  nullptr, nullptr));
     if (!m_scaler)
         throw Failure{Text::tr("FFmpeg cannot convert its pictures")};
     const int *bt709 = sws_getCoefficients(SWS_CS_ITU709);
@@ -279,7 +195,7 @@ void Conversion::add(const KestPicture &picture)
     if (m_last != AV_NOPTS_VALUE && time <= m_last)
         time = m_last + 1;
     m_frame->pts = m_last = time;
-    copyUntil(time);
+    m_others.copyUntil(time);
     encode(m_frame.get());
 }
 
@@ -288,7 +204,7 @@ void Conversion::finish()
     if (!m_encoder)
         throw Failure{Text::tr("none of its pictures can be decoded")};
     encode(nullptr);
-    copyUntil(INT64_MAX);
+    m_others.copyUntil(INT64_MAX);
     checked(av_write_trailer(m_output.get()));
     checked(m_output->pb->error);
 }
@@ -306,30 +222,6 @@ void Conversion::encode(AVFrame *frame)
         av_packet_rescale_ts(m_encoded.get(), milliseconds, m_stream->time_base);
         checked(av_interleaved_write_frame(m_output.get(), m_encoded.get()));
         checked(m_output->pb->error);
-    }
-}
-
-/// Copies the film's other streams up to a time in ms.
-void Conversion::copyUntil(std::int64_t time)
-{
-    for (;;) {
-        AVPacket *packet = m_copied.get();
-        if (!packet->data && av_read_frame(m_input.get(), packet) < 0)
-            return;  // the end, or as good as it
-        const AVStream &from = *m_input->streams[packet->stream_index];
-        const bool known = std::size_t(packet->stream_index) < m_streamMap.size();
-        const int to = known ? m_streamMap[std::size_t(packet->stream_index)] : -1;
-        if (to < 0) {
-            av_packet_unref(packet);
-            continue;
-        }
-        if (packet->dts != AV_NOPTS_VALUE
-            && av_compare_ts(packet->dts, from.time_base, time, milliseconds) > 0)
-            return;
-        packet->stream_index = to;
-        packet->pos = -1;
-        av_packet_rescale_ts(packet, from.time_base, m_output->streams[to]->time_base);
-        checked(av_interleaved_write_frame(m_output.get(), packet));
     }
 }
 
@@ -364,13 +256,15 @@ FilmResult exportFilm(const FilmOrder &order, const FilmProgress &progress)
     NewFile file(order.target);
     try {
         if (!file.open())
-            return {{}, file.error()};
+            return {{}, file.error(), {}};
         Conversion conversion(order, file.file());
         if (!readInto(conversion, order, progress))
             return {};
         const QString name = file.commit();
-        return {name, name.isEmpty() ? file.error() : QString()};
+        if (name.isEmpty())
+            return {{}, file.error(), {}};
+        return {name, {}, conversion.leftOut()};
     } catch (const Failure &failure) {
-        return {{}, failure.text};
+        return {{}, failure.text, {}};
     }
 }

@@ -2,14 +2,14 @@
 // Not here: which films, how far they are and how long it will take (exportjob.h).
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <functional>
 
 struct FilmOrder
 {
     void *reader = nullptr;  ///< an engine's; exportFilm() closes it
-    QString source;          ///< the film; its sound and what subtitles Matroska takes are copied
+    QString source;          ///< the film; its sound, subtitles and chapters are copied
     QString target;          ///< a Matroska file; where it exists, a number is added to the name
     int mode = 0;           ///< a tagKest3DMode, which a player is told of where it packs two views
     bool lossless = false;  ///< the very pixels (FFV1) instead of H.264
@@ -17,8 +17,9 @@ struct FilmOrder
 
 struct FilmResult
 {
-    QString file;   ///< the finished file; empty after a failure
-    QString error;  ///< why there is none; empty as well when it was cancelled
+    QString file;         ///< the finished file; empty after a failure
+    QString error;        ///< why there is none; empty as well when it was cancelled
+    QStringList leftOut;  ///< what of the film is not in the file, in words
 };
 
 /// Called after each picture with its time in the film in ms; false cancels.

@@ -8,6 +8,7 @@
 #include "host/previewdialog.h"
 #include "host/replacefile.h"
 #include "host/screenshot.h"
+#include "host/stopsignals.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -105,6 +107,8 @@ ExportOrder orderOf(const Options &options)
 
 int statusOf(const ExportSummary &summary, int status)
 {
+    for (const QString &line : leftOutLines(summary))
+        (void)complain(line, Accepted);
     for (const QString &line : failureLines(summary))
         status = complain(line, Failed);
     return status;
@@ -163,7 +167,9 @@ int main(int argc, char **argv)
     const bool display = hasDisplay();
     if (!display)
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::signal(SIGXFSZ, SIG_IGN);  // a file that becomes too large is told as any failure
     QApplication application(argc, argv);
+    const StopSignals stopSignals;
     // The player needs it; Qt's own numbers follow QLocale, which does not mind.
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setOrganizationName(QStringLiteral("PlayWidget"));

@@ -51,7 +51,7 @@ public:
              QStringLiteral("0")},
             {exportOption,
              tr("After OK, write each film whose 3D is on into this folder, as the player shows it "
-                "in full size, with its sound: NAME.MODE.mkv."),
+                "in full size, with its sound, subtitles and chapters: NAME.MODE.mkv."),
              tr("folder")},
             {losslessOption, tr("Export to the pixel (FFV1) instead of in H.264.")},
             {noWindowOption, tr("Export at once what --settings says; needs no display.")},

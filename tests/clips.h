@@ -33,6 +33,19 @@ public:
                         + more);
     }
 
+    /// A pattern that moves, in H.264 at 25 frames per second; `more` are further inputs and options.
+    QString pattern(const QString &name, const QString &size, int seconds,
+                    const QString &more = {}) const
+    {
+        return make(name,
+                    QStringLiteral("-f lavfi -i testsrc2=s=%1:r=25:d=%2 %3 -c:v libx264 "
+                                   "-preset ultrafast -pix_fmt yuv420p")
+                        .arg(size, QString::number(seconds), more));
+    }
+
+    /// One that takes long to export.
+    QString longPattern(const QString &name) const { return pattern(name, "640x360", 60); }
+
     QString write(const QString &name, const QByteArray &bytes) const
     {
         QFile file(path(name));

@@ -18,12 +18,8 @@ private Q_SLOTS:
     void initTestCase()
     {
         QVERIFY(m_clips.valid());
-        m_short = m_clips.make("short.mkv",
-                               "-f lavfi -i testsrc2=s=160x90:r=25:d=1 -c:v libx264 "
-                               "-preset ultrafast -pix_fmt yuv420p");
-        m_long = m_clips.make("long.mkv",
-                              "-f lavfi -i testsrc2=s=640x360:r=25:d=60 -c:v libx264 "
-                              "-preset ultrafast -pix_fmt yuv420p");
+        m_short = m_clips.pattern("short.mkv", "160x90", 1);
+        m_long = m_clips.longPattern("long.mkv");
         QVERIFY(!m_short.isEmpty() && !m_long.isEmpty());
     }
 
@@ -36,7 +32,7 @@ private Q_SLOTS:
         QCOMPARE(title(dialog), QString("Films written: 1"));
         QCOMPARE(dialog.findChild<QLabel *>("lblFolder")->text(), "In " + folder);
         QVERIFY(dialog.findChild<QLabel *>("lblFolder")->isVisible());
-        QVERIFY(!failures(dialog)->isVisible());
+        QVERIFY(!remarks(dialog)->isVisible());
         QCOMPARE(filesIn(folder), QStringList("short.red-cyan.mkv"));
         button(dialog, QDialogButtonBox::Close)->click();
         QVERIFY(!dialog.isVisible());
@@ -48,8 +44,8 @@ private Q_SLOTS:
         ExportDialog dialog({redCyan("/no/such/film.mkv"), redCyan(m_short)}, {folder, false});
         run(dialog);
         QCOMPARE(title(dialog), QString("Films written: 1, failed: 1"));
-        QVERIFY(failures(dialog)->isVisible());
-        QCOMPARE(failures(dialog)->toPlainText(), QString("film.mkv: The file does not exist"));
+        QVERIFY(remarks(dialog)->isVisible());
+        QCOMPARE(remarks(dialog)->toPlainText(), QString("film.mkv: The file does not exist"));
         QCOMPARE(failureLines(dialog.summary()),
                  QStringList("/no/such/film.mkv: The file does not exist"));
         QCOMPARE(filesIn(folder), QStringList("short.red-cyan.mkv"));
@@ -96,7 +92,7 @@ private Q_SLOTS:
         ExportDialog dialog({redCyan(m_short)}, {m_short + "/folder", false});
         run(dialog);
         QCOMPARE(title(dialog), QString("Films written: 0, failed: 1"));
-        QCOMPARE(failures(dialog)->toPlainText(), QString("folder: the folder cannot be made"));
+        QCOMPARE(remarks(dialog)->toPlainText(), QString("folder: the folder cannot be made"));
     }
 
 private:
@@ -105,7 +101,7 @@ private:
     {
         return dialog.findChild<QLabel *>("lblTitle")->text();
     }
-    static QPlainTextEdit *failures(const ExportDialog &dialog)
+    static QPlainTextEdit *remarks(const ExportDialog &dialog)
     {
         return dialog.findChild<QPlainTextEdit *>();
     }

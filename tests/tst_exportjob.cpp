@@ -32,9 +32,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         QVERIFY(m_clips.valid());
-        m_film = m_clips.make("film.mkv",
-                              "-f lavfi -i testsrc2=s=640x360:r=25:d=2 -c:v libx264 "
-                              "-preset ultrafast -pix_fmt yuv420p");
+        m_film = m_clips.pattern("film.mkv", "640x360", 2);
         QVERIFY(!m_film.isEmpty());
     }
 

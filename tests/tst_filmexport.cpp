@@ -2,7 +2,7 @@
 // Not here: reading the pictures (tst_kest_reader.cpp).
 #include "clips.h"
 #include "engine/mpv/kest_host.h"
-#include "engine/mpv/stereosetting.h"
+#include "engine/mpv/stereocomposer.h"
 
 #include <QtTest>
 
@@ -16,6 +16,20 @@ QByteArray outputOf(const QString &program, const QStringList &arguments)
     process.start(program, arguments);
     process.waitForFinished(60000);
     return process.readAllStandardOutput();
+}
+
+QByteArray decodedPixels(const QString &film)
+{
+    return outputOf("ffmpeg",
+                    {"-v", "error", "-i", film, "-f", "rawvideo", "-pix_fmt", "bgr24", "-"});
+}
+
+QImage imageOf(const QByteArray &pixels, QSize size, int number)
+{
+    const int bytes = size.width() * size.height() * 3;
+    const auto *first = reinterpret_cast<const uchar *>(pixels.constData()) + number * bytes;
+    return QImage(first, size.width(), size.height(), size.width() * 3, QImage::Format_BGR888)
+        .convertToFormat(QImage::Format_RGB32);
 }
 
 /// All pictures as the engine composes them, alpha left out of account as 0.
@@ -49,13 +63,13 @@ private Q_SLOTS:
     void initTestCase()
     {
         QVERIFY(m_clips.valid());
-        m_film = m_clips.make("film.mkv",
-                              "-f lavfi -i testsrc2=s=160x90:r=25:d=1 -f lavfi -i "
-                              "sine=d=1 -c:v libx264 -pix_fmt yuv420p -c:a libvorbis");
-        m_long = m_clips.make("long.mkv",
-                              "-f lavfi -i testsrc2=s=640x360:r=25:d=60 -c:v libx264 "
-                              "-preset ultrafast -pix_fmt yuv420p");
-        QVERIFY(!m_film.isEmpty() && !m_long.isEmpty());
+        m_film = m_clips.pattern("film.mkv", "160x90", 1, "-f lavfi -i sine=d=1 -c:a libvorbis");
+        m_long = m_clips.longPattern("long.mkv");
+        m_stereo = m_clips.make("stereo.mkv",
+                                "-f lavfi -i testsrc2=s=160x90:r=25:d=0.4 -f lavfi -i "
+                                "mandelbrot=s=160x90:r=25 -filter_complex hstack=shortest=1 "
+                                "-c:v ffv1 -pix_fmt bgr0 -metadata:s:v:0 stereo_mode=left_right");
+        QVERIFY(!m_film.isEmpty() && !m_long.isEmpty() && !m_stereo.isEmpty());
     }
 
     void losslessPicturesAreTheComposedOnesToTheBit()
@@ -65,10 +79,32 @@ private Q_SLOTS:
         QCOMPARE(m_status, 0);
         const QByteArray composed = composedPixels(m_film, {Kest3DRedCyan, 0.02});
         QCOMPARE(composed.size(), 25 * 160 * 90 * 3);
-        const QByteArray exported = outputOf("ffmpeg",
-                                             {"-v", "error", "-i", folder + "/film.red-cyan.mkv",
-                                              "-f", "rawvideo", "-pix_fmt", "bgr24", "-"});
-        QVERIFY(exported == composed);
+        QVERIFY(decodedPixels(folder + "/film.red-cyan.mkv") == composed);
+    }
+
+    void losslessPicturesOfAStereoFilmAreThoseOfBothViews_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("mode");
+        QTest::newRow("red/cyan") << "red-cyan" << int(Kest3DRedCyan);
+        QTest::newRow("interleaved") << "interleaved" << int(Kest3DInterleaved);
+        QTest::newRow("side by side") << "side-by-side" << int(Kest3DSlideBySlide);
+    }
+    void losslessPicturesOfAStereoFilmAreThoseOfBothViews()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, mode);
+        const QString folder = m_clips.path("stereo");
+        run(m_stereo, folder, {"--export-lossless"}, name);
+        QCOMPARE(m_status, 0);
+        const QByteArray source = decodedPixels(m_stereo);
+        const QByteArray exported = decodedPixels(folder + "/stereo." + name + ".mkv");
+        QCOMPARE(exported.size(), 10 * 160 * 90 * 3);
+        for (int i = 0; i < 10; ++i) {
+            const QImage both = imageOf(source, {320, 90}, i);
+            const Frame frame = {both.copy(0, 0, 160, 90), 0, 0, both.copy(160, 0, 160, 90)};
+            QCOMPARE(imageOf(exported, {160, 90}, i), compose(frame, {mode, 0.02}).picture);
+        }
     }
 
     void soundIsCopiedPacketByPacket()
@@ -92,15 +128,25 @@ private Q_SLOTS:
                  QStringList({"film.red-cyan (2).mkv", "film.red-cyan.mkv"}));
     }
 
+    void stoppedItLeavesNoHalfFile_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("interrupt") << SIGINT;
+        QTest::newRow("hang-up") << SIGHUP;
+        QTest::newRow("terminate") << SIGTERM;
+    }
     void stoppedItLeavesNoHalfFile()
     {
+        QFETCH(int, signal);
         const QString folder = m_clips.path("stopped");
         QProcess program;
         start(program, PREVIEW, m_long, folder, {});
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(folder + "/long.red-cyan.mkv.part"), 20000);
-        program.terminate();
+        QCOMPARE(kill(pid_t(program.processId()), signal), 0);
         QVERIFY(program.waitForFinished(20000));
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
         QCOMPARE(program.exitCode(), 3);
+        QVERIFY(program.readAllStandardError().contains("the export was stopped"));
         QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList());
     }
 
@@ -130,30 +176,31 @@ private:
                         {"-v", "error", "-i", file, "-map", "0:a", "-c", "copy", "-f", "md5", "-"});
     }
 
-    /// Starts the export of one film in red/cyan; `before` are arguments in front of the program's.
+    /// Starts the export of one film; `before` are arguments in front of the program's.
     void start(QProcess &process, const QString &program, const QString &film,
-               const QString &folder, const QStringList &before) const
+               const QString &folder, const QStringList &before,
+               const QString &mode = "red-cyan") const
     {
-        const QString settings
-            = m_clips.write("settings.json",
-                            "[{\"path\":\"" + film.toUtf8()
-                                + "\",\"mode\":\"red-cyan\",\"depth\":0.02,\"changed\":true}]");
+        const QString settings = m_clips.write(
+            "settings.json",
+            QString(R"([{"path": "%1", "mode": "%2", "depth": 0.02}])").arg(film, mode).toUtf8());
         process.start(program,
                       before
                           + QStringList{"--no-window", "--settings", settings, "--export", folder});
     }
 
-    void run(const QString &film, const QString &folder, const QStringList &more = {})
+    void run(const QString &film, const QString &folder, const QStringList &more = {},
+             const QString &mode = "red-cyan")
     {
         QProcess process;
-        start(process, PREVIEW, film, folder, more);
+        start(process, PREVIEW, film, folder, more, mode);
         QVERIFY(process.waitForFinished(60000));
         m_status = process.exitCode();
         m_said = process.readAllStandardError();
     }
 
     Clips m_clips;
-    QString m_film, m_long;
+    QString m_film, m_long, m_stereo;
     int m_status = -1;
     QByteArray m_said;
 };

@@ -1,5 +1,6 @@
 // The preview program from outside: started, used by mouse and keys, judged by screen and output.
 // Not here: what goes on inside its window (tst_preview_session.cpp).
+#include "clips.h"
 #include "engine/mpv/stereocomposer.h"
 #include "realinput.h"
 
@@ -11,6 +12,8 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <csignal>
 
 class tst_PreviewProgram : public QObject
 {
@@ -31,14 +34,23 @@ private Q_SLOTS:
     void changesThatNothingWouldKeepAreAskedFor();
     void fullDiskLeavesTheOldSettingsAndTheUserMayGoOn();
     void opensFilmsByTheirDialog();
+    void theFolderOpenedLastComesBack();
+    void theWindowComesBackWhereItWas();
+    void aWindowThatWasOffTheScreenComesBackOnIt();
     void exportsAfterOkAndTellsWhatWasWritten();
     void exportsFromTheWindowAndGoesOn();
+    void aSignalEndsAnExportFromTheWindowAndLeavesNothing_data();
+    void aSignalEndsAnExportFromTheWindowAndLeavesNothing();
+    void aSignalEndsAnExportAfterOk();
+    void aSignalIsACancel();
     void depthHasAPointWhereOthersWriteAComma();
 
 private:
     void start(const QStringList &arguments);
     void openWindow(const QStringList &arguments);
     void placeWindow();
+    void moveWindow(QPoint place);
+    void answerFileDialog(const char *name, const QString &text) const;
     QString windowNamed(const char *name) const;
     static int visibleWindows(const char *name);
     void focusWindow(const char *name) const;
@@ -50,7 +62,7 @@ private:
     void showControls() const;
     QImage settledPicture() const;
     QImage filmFrame(const char *time) const;
-    QString firstSecondOfFilm() const;
+    void askForExport(const QString &folder) const;
     void closeSummary(const QString &folder) const;
     void waitForExit(int status);
 
@@ -65,8 +77,11 @@ private:
 
     QProcess m_program;
     QProcessEnvironment m_environment;
+    QString m_window;  // its id
     QPoint m_origin;
+    QSize m_size;
     QTemporaryDir m_folder;
+    Clips m_clips;
 };
 
 void tst_PreviewProgram::init()
@@ -101,8 +116,18 @@ void tst_PreviewProgram::placeWindow()
     const auto number = [&geometry](const QString &key) {
         return geometry.section(key + QLatin1Char('='), 1).section(QLatin1Char('\n'), 0, 0).toInt();
     };
+    m_window = id.trimmed();
     m_origin = {number(QStringLiteral("X")), number(QStringLiteral("Y"))};
-    QCOMPARE(number(QStringLiteral("HEIGHT")), 585);
+    m_size = {number(QStringLiteral("WIDTH")), number(QStringLiteral("HEIGHT"))};
+    QCOMPARE(m_size.height(), 585);
+}
+
+void tst_PreviewProgram::moveWindow(QPoint place)
+{
+    RealInput::answer({QStringLiteral("windowmove"), QStringLiteral("--sync"), m_window,
+                       QString::number(place.x()), QString::number(place.y())});
+    placeWindow();
+    QCOMPARE(m_origin, place);
 }
 
 /// The id of the program's window with this title, once there is one.
@@ -331,6 +356,11 @@ static const QByteArray oldSettings
     = "[{\"path\": \"" SAMPLES "/depth.mkv\", \"mode\": \"off\", \"depth\": -0.1},"
       " {\"path\": \"/elsewhere.mkv\", \"mode\": \"interleaved\", \"depth\": 0.1}]";
 
+static QByteArray redCyanFor(const QString &film)
+{
+    return "[{\"path\": \"" + film.toUtf8() + "\", \"mode\": \"red-cyan\", \"depth\": 0.012}]";
+}
+
 void tst_PreviewProgram::okBringsTheSettingsFileUpToDate()
 {
     const QString file = store(oldSettings);
@@ -377,7 +407,7 @@ void tst_PreviewProgram::fullDiskLeavesTheOldSettingsAndTheUserMayGoOn()
 {
     const QString file = store(oldSettings);
     m_program.start(QStringLiteral("bash"),
-                    {QStringLiteral("-c"), QStringLiteral("trap '' XFSZ; ulimit -f 0; exec \"$@\""),
+                    {QStringLiteral("-c"), QStringLiteral("ulimit -f 0; exec \"$@\""),
                      QStringLiteral("-"), QStringLiteral(PREVIEW), QStringLiteral("--audio-output"),
                      QStringLiteral("null"), QStringLiteral("--settings"), file,
                      QStringLiteral(SAMPLES "/depth.mkv")});
@@ -399,33 +429,79 @@ void tst_PreviewProgram::fullDiskLeavesTheOldSettingsAndTheUserMayGoOn()
     QCOMPARE(contents(file), oldSettings);
 }
 
-void tst_PreviewProgram::opensFilmsByTheirDialog()
+void tst_PreviewProgram::answerFileDialog(const char *name, const QString &text) const
 {
-    openWindow({QStringLiteral("--json")});
-    RealInput::key(QStringLiteral("ctrl+o"));
-    focusWindow("^Open films$");
-    RealInput::answer({QStringLiteral("type"), QStringLiteral(SAMPLES "/depth.mkv")});
+    RealInput::focus(windowNamed(name).toULongLong());
+    RealInput::answer({QStringLiteral("type"), text});
     // The first Return may go to the dialog's list of proposals.
-    const auto closed = [] { return !visibleWindows("^Open films$"); };
+    const auto closed = [name] { return !visibleWindows(name); };
     for (int tries = 0; tries < 3 && !closed(); ++tries) {
         RealInput::key(QStringLiteral("Return"));
         (void)QTest::qWaitFor(closed, 2000);
     }
+}
+
+void tst_PreviewProgram::opensFilmsByTheirDialog()
+{
+    openWindow({QStringLiteral("--json")});
+    RealInput::key(QStringLiteral("ctrl+o"));
+    answerFileDialog("^Open films$", QStringLiteral(SAMPLES "/depth.mkv"));
     windowNamed("^depth.mkv");
     RealInput::click(m_origin + ok);
     waitForExit(0);
     QVERIFY(m_program.readAllStandardOutput().contains("\"path\": \"" SAMPLES "/depth.mkv\""));
 }
 
-QString tst_PreviewProgram::firstSecondOfFilm() const
+void tst_PreviewProgram::theFolderOpenedLastComesBack()
 {
-    const QString film = m_folder.filePath(QStringLiteral("depth.mkv"));
-    QProcess::execute(QStringLiteral("ffmpeg"),
-                      {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"),
-                       QStringLiteral("-i"), QStringLiteral(SAMPLES "/depth.mkv"),
-                       QStringLiteral("-t"), QStringLiteral("1"), QStringLiteral("-c"),
-                       QStringLiteral("copy"), film});
-    return film;
+    openWindow({});
+    RealInput::key(QStringLiteral("ctrl+o"));
+    answerFileDialog("^Open films$", QStringLiteral(SAMPLES "/depth.mkv"));
+    windowNamed("^depth.mkv");
+    RealInput::key(QStringLiteral("Escape"));
+    waitForExit(1);
+
+    openWindow({});
+    RealInput::key(QStringLiteral("ctrl+o"));
+    answerFileDialog("^Open films$", QStringLiteral("tone.ogg"));
+    windowNamed("^tone.ogg");
+    const QString memory = QStringLiteral("PlayWidget/playwidget-preview.conf");
+    QVERIFY(contents(m_folder.filePath(memory)).contains("lastFolder=" SAMPLES));
+}
+
+void tst_PreviewProgram::theWindowComesBackWhereItWas()
+{
+    openWindow({});
+    RealInput::answer({QStringLiteral("windowsize"), QStringLiteral("--sync"), m_window,
+                       QStringLiteral("1100"), QStringLiteral("585")});
+    moveWindow({120, 90});
+    RealInput::key(QStringLiteral("Escape"));
+    waitForExit(1);
+
+    openWindow({});
+    QCOMPARE(m_origin, QPoint(120, 90));
+    QCOMPARE(m_size, QSize(1100, 585));
+}
+
+void tst_PreviewProgram::aWindowThatWasOffTheScreenComesBackOnIt()
+{
+    openWindow({});
+    moveWindow({5000, 3000});
+    RealInput::key(QStringLiteral("Escape"));
+    waitForExit(1);
+
+    openWindow({});
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QVERIFY2(screen.contains(QRect(m_origin, m_size)),
+             qPrintable(QStringLiteral("%1, %2").arg(m_origin.x()).arg(m_origin.y())));
+}
+
+/// Asks the window for an export into a folder, which it makes first.
+void tst_PreviewProgram::askForExport(const QString &folder) const
+{
+    QVERIFY(QDir().mkpath(folder));
+    RealInput::key(QStringLiteral("ctrl+e"));
+    answerFileDialog("^Export into a folder$", folder);
 }
 
 void tst_PreviewProgram::closeSummary(const QString &folder) const
@@ -440,7 +516,8 @@ void tst_PreviewProgram::closeSummary(const QString &folder) const
 void tst_PreviewProgram::exportsAfterOkAndTellsWhatWasWritten()
 {
     const QString folder = m_folder.filePath(QStringLiteral("after-ok"));
-    openWindow({QStringLiteral("--json"), QStringLiteral("--export"), folder, firstSecondOfFilm()});
+    openWindow({QStringLiteral("--json"), QStringLiteral("--export"), folder,
+                m_clips.pattern(QStringLiteral("depth.mkv"), QStringLiteral("160x90"), 1)});
     chooseRedCyan();
     RealInput::click(m_origin + ok);
     closeSummary(folder);
@@ -451,22 +528,65 @@ void tst_PreviewProgram::exportsAfterOkAndTellsWhatWasWritten()
 
 void tst_PreviewProgram::exportsFromTheWindowAndGoesOn()
 {
-    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("from-window")));
     const QString folder = m_folder.filePath(QStringLiteral("from-window"));
-    openWindow({QStringLiteral("--json"), firstSecondOfFilm()});
+    openWindow({QStringLiteral("--json"),
+                m_clips.pattern(QStringLiteral("depth.mkv"), QStringLiteral("160x90"), 1)});
     chooseRedCyan();
-    RealInput::key(QStringLiteral("ctrl+e"));
-    focusWindow("^Export into a folder$");
-    RealInput::answer({QStringLiteral("type"), folder});
-    const auto closed = [] { return !visibleWindows("^Export into a folder$"); };
-    for (int tries = 0; tries < 3 && !closed(); ++tries) {
-        RealInput::key(QStringLiteral("Return"));
-        (void)QTest::qWaitFor(closed, 2000);
-    }
+    askForExport(folder);
     closeSummary(folder);
     RealInput::click(m_origin + ok);
     waitForExit(0);
     QVERIFY(m_program.readAllStandardOutput().contains("\"mode\": \"red-cyan\""));
+}
+
+void tst_PreviewProgram::aSignalEndsAnExportFromTheWindowAndLeavesNothing_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("interrupt") << SIGINT;
+    QTest::newRow("hang-up") << SIGHUP;
+    QTest::newRow("terminate") << SIGTERM;
+}
+
+void tst_PreviewProgram::aSignalEndsAnExportFromTheWindowAndLeavesNothing()
+{
+    QFETCH(int, signal);
+    const QString folder = m_folder.filePath(QStringLiteral("stopped"));
+    const QString film = m_clips.longPattern(QStringLiteral("depth.mkv"));
+    const QByteArray settings = redCyanFor(film);
+    const QString file = store(settings);
+    openWindow({QStringLiteral("--settings"), file});
+    windowNamed("^depth.mkv");
+    askForExport(folder);
+    QTRY_VERIFY(QFile::exists(folder + QStringLiteral("/depth.red-cyan.mkv.part")));
+    QCOMPARE(kill(pid_t(m_program.processId()), signal), 0);
+    waitForExit(1);
+    QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList());
+    QCOMPARE(contents(file), settings);
+}
+
+void tst_PreviewProgram::aSignalEndsAnExportAfterOk()
+{
+    const QString folder = m_folder.filePath(QStringLiteral("stopped-after-ok"));
+    const QString film = m_clips.longPattern(QStringLiteral("depth.mkv"));
+    openWindow({QStringLiteral("--json"), QStringLiteral("--mode"), QStringLiteral("red-cyan"),
+                QStringLiteral("--export"), folder, film});
+    windowNamed("^depth.mkv");
+    RealInput::click(m_origin + ok);
+    QTRY_VERIFY(QFile::exists(folder + QStringLiteral("/depth.red-cyan.mkv.part")));
+    m_program.terminate();
+    waitForExit(3);
+    QVERIFY(m_program.readAllStandardError().contains("the export was stopped"));
+    QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList());
+}
+
+void tst_PreviewProgram::aSignalIsACancel()
+{
+    const QString file = store(oldSettings);
+    openWindow({QStringLiteral("--settings"), file, QStringLiteral(SAMPLES "/depth.mkv")});
+    chooseRedCyan();
+    m_program.terminate();
+    waitForExit(1);
+    QCOMPARE(contents(file), oldSettings);
 }
 
 void tst_PreviewProgram::depthHasAPointWhereOthersWriteAComma()

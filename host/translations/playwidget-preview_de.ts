@@ -42,37 +42,42 @@
 <context>
     <name>Export</name>
     <message>
-        <location filename="../exportconsole.cpp" line="29"/>
+        <location filename="../exportconsole.cpp" line="23"/>
         <source>%1 of %2, %3: %4 %, %5 s left</source>
         <translation>%1 von %2, %3: %4 %, noch %5 s</translation>
     </message>
     <message>
-        <location filename="../exportjob.cpp" line="153"/>
+        <location filename="../exportjob.cpp" line="157"/>
         <source>the folder cannot be made</source>
         <translation>der Ordner lässt sich nicht anlegen</translation>
     </message>
     <message>
-        <location filename="../exportjob.cpp" line="173"/>
+        <location filename="../exportjob.cpp" line="182"/>
         <source>the export was stopped</source>
         <translation>der Export wurde abgebrochen</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="195"/>
+        <location filename="../streamcopy.cpp" line="99"/>
         <source>Matroska cannot hold its sound</source>
         <translation>Matroska kann seinen Ton nicht aufnehmen</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="229"/>
+        <location filename="../streamcopy.cpp" line="109"/>
+        <source>without its subtitles in %1, which Matroska cannot hold</source>
+        <translation>ohne seine Untertitel in %1, die Matroska nicht aufnehmen kann</translation>
+    </message>
+    <message>
+        <location filename="../filmexport.cpp" line="139"/>
         <source>FFmpeg has no encoder for it here</source>
         <translation>FFmpeg hat hier keinen passenden Encoder</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="256"/>
+        <location filename="../filmexport.cpp" line="172"/>
         <source>FFmpeg cannot convert its pictures</source>
         <translation>FFmpeg kann seine Bilder nicht umwandeln</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="289"/>
+        <location filename="../filmexport.cpp" line="205"/>
         <source>none of its pictures can be decoded</source>
         <translation>keines seiner Bilder lässt sich dekodieren</translation>
     </message>
@@ -115,32 +120,32 @@
         <translation>Export</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="78"/>
+        <location filename="../exportdialog.cpp" line="85"/>
         <source>Looking into the films…</source>
         <translation>Die Filme werden angesehen …</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="83"/>
+        <location filename="../exportdialog.cpp" line="90"/>
         <source>In %1</source>
         <translation>In %1</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="97"/>
+        <location filename="../exportdialog.cpp" line="104"/>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="131"/>
+        <location filename="../exportdialog.cpp" line="138"/>
         <source>Film %1 of %2: %3</source>
         <translation>Film %1 von %2: %3</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="159"/>
+        <location filename="../exportdialog.cpp" line="166"/>
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="172"/>
+        <location filename="../exportdialog.cpp" line="179"/>
         <source>Cancelling…</source>
         <translation>Wird abgebrochen …</translation>
     </message>
@@ -403,8 +408,8 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
     </message>
     <message>
         <location filename="../options.cpp" line="53"/>
-        <source>After OK, write each film whose 3D is on into this folder, as the player shows it in full size, with its sound: NAME.MODE.mkv.</source>
-        <translation>Nach OK jeden Film mit eingeschaltetem 3D in diesen Ordner schreiben, wie der Player ihn zeigt, in voller Größe und mit seinem Ton: NAME.MODUS.mkv.</translation>
+        <source>After OK, write each film whose 3D is on into this folder, as the player shows it in full size, with its sound, subtitles and chapters: NAME.MODE.mkv.</source>
+        <translation>Nach OK jeden Film mit eingeschaltetem 3D in diesen Ordner schreiben, wie der Player ihn zeigt, in voller Größe und mit seinem Ton, seinen Untertiteln und Kapiteln: NAME.MODUS.mkv.</translation>
     </message>
     <message>
         <location filename="../options.cpp" line="55"/>
@@ -590,12 +595,12 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
 <context>
     <name>PreviewDialog</name>
     <message>
-        <location filename="../previewdialog.cpp" line="93"/>
+        <location filename="../previewdialog.cpp" line="92"/>
         <source>No films in %1</source>
         <translation>Keine Filme in %1</translation>
     </message>
     <message>
-        <location filename="../previewdialog.cpp" line="209"/>
+        <location filename="../previewdialog.cpp" line="208"/>
         <source>Preview in 3D</source>
         <translation>Vorschau in 3D</translation>
     </message>
@@ -603,37 +608,37 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
 <context>
     <name>Program</name>
     <message>
-        <location filename="../main.cpp" line="39"/>
+        <location filename="../main.cpp" line="41"/>
         <source>the output could not be written</source>
         <translation>die Ausgabe konnte nicht geschrieben werden</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="75"/>
+        <location filename="../main.cpp" line="77"/>
         <source>the film could not be shown at this place</source>
         <translation>der Film konnte an dieser Stelle nicht gezeigt werden</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="130"/>
+        <location filename="../main.cpp" line="134"/>
         <source>the engine could not be opened</source>
         <translation>der Player konnte nicht geöffnet werden</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="177"/>
+        <location filename="../main.cpp" line="183"/>
         <source>--language: there are no texts in &quot;%1&quot;, but in: %2</source>
         <translation>--language: es gibt keine Texte in „%1“, nur in: %2</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="182"/>
+        <location filename="../main.cpp" line="188"/>
         <source> (--help tells more)</source>
         <translation> (--help sagt mehr)</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="186"/>
+        <location filename="../main.cpp" line="192"/>
         <source>there is no display to open a window on; --screenshot needs none</source>
         <translation>es gibt keinen Bildschirm für ein Fenster; --screenshot braucht keinen</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="80"/>
+        <location filename="../main.cpp" line="82"/>
         <source>there is no image format &quot;%1&quot;</source>
         <translation>es gibt kein Bildformat „%1“</translation>
     </message>

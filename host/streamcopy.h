@@ -1,0 +1,50 @@
+// StreamCopy: what an exported film has of its source besides the pictures: sound, subtitles and the
+// fonts for them, chapters.
+// Not here: the pictures, and the file that all go into (filmexport.cpp).
+#pragma once
+
+#include "host/ffmpeg.h"
+#include "host/subrip.h"
+
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+/// Throws a Failure.
+class StreamCopy
+{
+public:
+    /// Adds what there is in `source` to a Matroska file whose header is not written yet and which
+    /// must outlive this. Fails where Matroska cannot hold the sound.
+    StreamCopy(const QString &source, AVFormatContext &output);
+
+    /// Writes what is due up to a time in ms.
+    void copyUntil(std::int64_t time);
+
+    /// What Matroska cannot hold and has been left out, in words.
+    const QStringList &leftOut() const { return m_leftOut; }
+
+private:
+    struct CloseInput
+    {
+        void operator()(AVFormatContext *input) const;
+    };
+    struct Track
+    {
+        AVStream *to = nullptr;  ///< null: left out
+        std::unique_ptr<SubRip> conversion;
+    };
+
+    void openInput(const QString &source);
+    Track trackFor(const AVStream &from);
+    AVStream *addStream(const AVStream &from);
+    bool isDue(const AVPacket &packet, std::int64_t time) const;
+    void write(AVPacket &packet);
+
+    AVFormatContext &m_output;
+    std::unique_ptr<AVFormatContext, CloseInput> m_input;
+    std::vector<Track> m_tracks;         // the source's, by index
+    Packet m_packet{av_packet_alloc()};  // read, and not due yet
+    QStringList m_leftOut;
+};

@@ -1,0 +1,206 @@
+// What an exported film has besides its pictures: sound, subtitles with their fonts, chapters.
+// Not here: the pictures, and how films fail (tst_filmexport.cpp).
+#include "clips.h"
+#include "host/exportjob.h"
+#include "host/mediaengine.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QtTest>
+
+namespace {
+
+const QByteArray spoken = "1\n00:00:00,200 --> 00:00:00,600\n<i>Hello</i>\nthere\n\n"
+                          "2\n00:00:01,000 --> 00:00:01,400\nGood bye\n";
+
+QByteArray chapter(const char *title, int start, int end)
+{
+    return QStringLiteral("[CHAPTER]\nTIMEBASE=1/1000\nSTART=%1\nEND=%2\ntitle=%3\n")
+        .arg(start)
+        .arg(end)
+        .arg(QLatin1String(title))
+        .toUtf8();
+}
+
+QByteArray outputOf(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished(60000);
+    return process.readAllStandardOutput();
+}
+
+}  // namespace
+
+class tst_StreamCopy : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        QVERIFY(m_clips.valid());
+        QVERIFY(!m_clips.write("spoken.srt", spoken).isEmpty());
+        QVERIFY(!m_clips
+                     .write("chapters",
+                            ";FFMETADATA1\n" + chapter("Beginning", 0, 1000)
+                                + chapter("End", 1000, 2000))
+                     .isEmpty());
+    }
+
+    void chaptersComeAlong_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"chapters.mkv", "chapters.mp4"})
+            QTest::newRow(name) << QString(name);
+    }
+    void chaptersComeAlong()
+    {
+        QFETCH(QString, name);
+        const QString file = exported(film(name, "-f ffmetadata -i chapters -map_chapters 1"));
+        QCOMPARE(chaptersOf(file),
+                 QStringList({"0.000000 1.000000 Beginning", "1.000000 2.000000 End"}));
+    }
+
+    void aChapterThatBeginsBeforeTheFilmBeginsWithIt()
+    {
+        // What a WMV file counts its times from is written into the chapter's own instead.
+        const QByteArray preroll = QByteArray::fromHex("c005d90100000000");
+        QByteArray bytes
+            = Clips::read(film("chapters.wmv", "-f ffmetadata -i chapters -map_chapters 1"));
+        QCOMPARE(bytes.count(preroll), 1);
+        const QString source = m_clips.write("early.wmv", bytes.replace(preroll, QByteArray(8, 0)));
+        QCOMPARE(chaptersOf(source).first(), QString("-3.100000 1.000000 Beginning"));
+        QCOMPARE(chaptersOf(exported(source)).value(0), QString("0.000000 1.000000 Beginning"));
+    }
+
+    void subtitlesThatMatroskaHoldsAreCopied()
+    {
+        const QString source = film("held.mkv", "-i spoken.srt -c:s ass");
+        const QString file = exported(source);
+        QCOMPARE(subtitlesOf(file), subtitlesOf(source));
+        QVERIFY(subtitlesOf(file).contains("Dialogue: 0,0:00:00.20,0:00:00.60,Default,,0,0,0,,"));
+    }
+
+    void theFontsOfSubtitlesComeAlong()
+    {
+        QVERIFY(!m_clips.write("some.ttf", "a font").isEmpty());
+        const QString source = film("fonts.mkv",
+                                    "-i spoken.srt -c:s ass -attach some.ttf "
+                                    "-metadata:s:t:0 mimetype=application/x-truetype-font");
+        const QJsonObject font = streamOf(exported(source), "attachment");
+        QCOMPARE(font["tags"].toObject()["filename"].toString(), QString("some.ttf"));
+        QCOMPARE(font["extradata_size"].toInt(), 6);
+    }
+
+    void subtitlesOfMp4BecomeSubRip()
+    {
+        const QString source
+            = film("spoken.mp4", "-i spoken.srt -c:s mov_text -metadata:s:s:0 language=fra");
+        const QString file = exported(source);
+        QCOMPARE(m_summary.leftOut.size(), 0);
+        const QJsonObject stream = streamOf(file, "subtitle");
+        QCOMPARE(stream["codec_name"].toString(), QString("subrip"));
+        QCOMPARE(stream["tags"].toObject()["language"].toString(), QString("fra"));
+        const QByteArray text = outputOf("ffmpeg", {"-v", "error", "-i", file, "-f", "srt", "-"});
+        QCOMPARE(text.trimmed().replace('\r', ""), spoken.trimmed());
+    }
+
+    void subtitlesThatNothingHoldsAreToldAndLeftOut()
+    {
+        const QByteArray captions
+            = "Scenarist_SCC V1.0\n\n00:00:00:05\t9420 9420 c8e5 ecec ef80 942f 942f\n";
+        QVERIFY(!m_clips.write("captions.scc", captions).isEmpty());
+        const QString source = film("captions.mov", "-i captions.scc -c:s copy");
+        const QString file = exported(source);
+        QCOMPARE(
+            leftOutLines(m_summary),
+            QStringList(source + ": without its subtitles in eia_608, which Matroska cannot hold"));
+        QVERIFY(streamOf(file, "subtitle").isEmpty());
+        QVERIFY(!streamOf(file, "video").isEmpty());
+    }
+
+    void soundOfAnOlderKindIsCopied_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("codec");
+        QTest::newRow("Windows Media") << "sound.wmv"
+                                       << "wmav2";
+        QTest::newRow("camera") << "sound.avi"
+                                << "adpcm_ima_wav";
+        QTest::newRow("telephone") << "sound.mov"
+                                   << "pcm_mulaw";
+    }
+    void soundOfAnOlderKindIsCopied()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, codec);
+        const QString source = film(name, "-f lavfi -i sine=d=2 -c:a " + codec);
+        const QString file = exported(source);
+        QCOMPARE(failureLines(m_summary), QStringList());
+        QCOMPARE(streamOf(file, "audio")["codec_name"].toString(), codec);
+        QVERIFY(soundOf(source).size() > 1000);
+        QVERIFY(soundOf(file) == soundOf(source));
+    }
+
+private:
+    QString film(const QString &name, const QString &more)
+    {
+        return m_clips.make(name, "-f lavfi -i testsrc2=s=64x36:r=25:d=2 " + more);
+    }
+
+    QString exported(const QString &film)
+    {
+        MediaEngine engine("null");
+        m_summary = exportFilms(
+            engine, {{film, Kest3DRedCyan, 0.02, true}}, {m_clips.path("exported"), false},
+            [](const ExportState &) {}, [] { return false; });
+        return m_summary.files.value(0);
+    }
+
+    static QJsonObject probe(const QString &file, const char *section)
+    {
+        return QJsonDocument::fromJson(
+                   outputOf("ffprobe", {"-v", "error", "-of", "json", section, file}))
+            .object();
+    }
+
+    static QStringList chaptersOf(const QString &file)
+    {
+        QStringList lines;
+        const QJsonArray chapters = probe(file, "-show_chapters")["chapters"].toArray();
+        for (const QJsonValue &one : chapters)
+            lines << QString("%1 %2 %3")
+                         .arg(one["start_time"].toString(), one["end_time"].toString(),
+                              one["tags"].toObject()["title"].toString());
+        return lines;
+    }
+
+    static QJsonObject streamOf(const QString &file, const QString &type)
+    {
+        const QJsonArray streams = probe(file, "-show_streams")["streams"].toArray();
+        for (const QJsonValue &stream : streams)
+            if (stream["codec_type"].toString() == type)
+                return stream.toObject();
+        return {};
+    }
+
+    /// Its packets, one after the other.
+    static QByteArray soundOf(const QString &file)
+    {
+        return outputOf(
+            "ffmpeg", {"-v", "error", "-i", file, "-map", "0:a", "-c", "copy", "-f", "data", "-"});
+    }
+
+    static QByteArray subtitlesOf(const QString &file)
+    {
+        return outputOf("ffmpeg", {"-v", "error", "-i", file, "-f", "ass", "-"});
+    }
+
+    Clips m_clips;
+    ExportSummary m_summary;
+};
+
+QTEST_MAIN(tst_StreamCopy)
+#include "tst_streamcopy.moc"
