@@ -4,7 +4,9 @@
 
 #include "host/elidedlabel.h"
 #include "host/mediaengine.h"
+#include "host/plaintip.h"
 
+#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileInfo>
@@ -12,6 +14,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QThread>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -87,8 +90,9 @@ void ExportDialog::layOut()
     m_timeLeft->setObjectName(QStringLiteral("lblTimeLeft"));
     m_bar->setRange(0, 0);
     m_folder->setObjectName(QStringLiteral("lblFolder"));
-    m_folder->setText(tr("In %1").arg(QDir::toNativeSeparators(m_order.folder)));
-    m_folder->setToolTip(m_order.folder);
+    const QString folder = QDir::toNativeSeparators(QDir(m_order.folder).absolutePath());
+    m_folder->setText(tr("In %1").arg(folder));
+    m_folder->setToolTip(plainTip(folder));
     m_folder->hide();
     m_remarks->setObjectName(QStringLiteral("edtRemarks"));
     m_remarks->setReadOnly(true);
@@ -136,7 +140,7 @@ void ExportDialog::showState(const ExportState &state)
         return;
     const QString name = QFileInfo(state.path).fileName();
     m_title->setText(tr("Film %1 of %2: %3").arg(state.number).arg(state.count).arg(name));
-    m_title->setToolTip(state.path);
+    m_title->setToolTip(plainTip(state.path));
     m_timeLeft->setText(timeLeftText(state.left));
     m_bar->setRange(0, state.done == 0 ? 0 : 1000);
     m_bar->setValue(state.done);
@@ -162,11 +166,23 @@ void ExportDialog::showSummary()
     m_remarks->setVisible(!m_remarks->toPlainText().isEmpty());
     m_buttons->setEnabled(true);
     m_buttons->setStandardButtons(QDialogButtonBox::Close);
+    if (!m_summary.files.isEmpty())
+        addOpenFolder();
     QPushButton *close = m_buttons->button(QDialogButtonBox::Close);
     close->setText(tr("Close"));
     close->setFocus();
     layout()->activate();
     resize(width(), minimumSizeHint().height());
+}
+
+void ExportDialog::addOpenFolder()
+{
+    QPushButton *open = m_buttons->addButton(tr("Open folder"), QDialogButtonBox::ActionRole);
+    open->setObjectName(QStringLiteral("btnOpenFolder"));
+    open->setAutoDefault(false);
+    connect(open, &QPushButton::clicked, this, [this] {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QDir(m_order.folder).absolutePath()));
+    });
 }
 
 void ExportDialog::reject()

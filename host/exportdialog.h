@@ -49,6 +49,7 @@ private:
     void showState(const ExportState &state);
     void end();
     void showSummary();
+    void addOpenFolder();
 
     const QVector<FilmSettings> m_films;
     const ExportOrder m_order;

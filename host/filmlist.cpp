@@ -4,6 +4,7 @@
 
 #include "host/depth.h"
 #include "host/modenames.h"
+#include "host/plaintip.h"
 
 #include <QFileInfo>
 
@@ -108,8 +109,9 @@ QVariant FilmList::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return QFileInfo(film->path).fileName();
     case Qt::ToolTipRole:
-        return film->facts.error.isEmpty() ? film->path
-                                           : film->path + QLatin1Char('\n') + film->facts.error;
+        return plainTip(film->facts.error.isEmpty()
+                            ? film->path
+                            : film->path + QLatin1Char('\n') + film->facts.error);
     case Qt::AccessibleDescriptionRole:
         return film->facts.error.isEmpty() ? settingsText(film->now) : film->facts.error;
     case IdRole:

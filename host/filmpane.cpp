@@ -7,6 +7,7 @@
 #include "host/filmview.h"
 #include "host/lastfolder.h"
 #include "host/mediafiles.h"
+#include "host/plaintip.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -28,6 +29,7 @@ FilmPane::FilmPane(FilmList *films, QWidget *parent)
     layout->addWidget(m_view, 1);
     layout->addWidget(m_notice);
     layout->addLayout(makeSettingsLine());
+    m_notice->setTextFormat(Qt::PlainText);
     m_notice->setWordWrap(true);
     m_notice->hide();
     setMinimumWidth(260);
@@ -86,7 +88,7 @@ void FilmPane::showSettingsFile(const QString &file)
 {
     m_settingsFile->setText(file.isEmpty() ? tr("No settings file yet")
                                            : tr("OK writes %1").arg(QFileInfo(file).fileName()));
-    m_settingsFile->setToolTip(file);
+    m_settingsFile->setToolTip(file.isEmpty() ? QString() : plainTip(file));
 }
 
 void FilmPane::showNotice(const QString &text)

@@ -3,6 +3,7 @@
 #include "host/keepsettings.h"
 
 #include "host/lastfolder.h"
+#include "host/plaintip.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
@@ -30,7 +31,7 @@ Answer ask(QWidget *window, const QString &error)
                                 : Text::tr("The settings could not be saved."));
     box.setInformativeText(
         error.isEmpty() ? Text::tr("With --settings FILE they are read and written without asking.")
-                        : error);
+                        : plainTip(error));
     const auto *save = box.addButton(Text::tr("Save as…"), QMessageBox::AcceptRole);
     const auto *discard = box.addButton(Text::tr("Do not save"), QMessageBox::DestructiveRole);
     box.setEscapeButton(box.addButton(Text::tr("Go on"), QMessageBox::RejectRole));

@@ -4,6 +4,7 @@
 #include "host/elidedlabel.h"
 #include "host/exportdialog.h"
 
+#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -34,6 +35,10 @@ private Q_SLOTS:
         QVERIFY(dialog.findChild<QLabel *>("lblFolder")->isVisible());
         QVERIFY(!remarks(dialog)->isVisible());
         QCOMPARE(filesIn(folder), QStringList("short.red-cyan.mkv"));
+        QDesktopServices::setUrlHandler("file", this, "rememberUrl");
+        dialog.findChild<QPushButton *>("btnOpenFolder")->click();
+        QDesktopServices::unsetUrlHandler("file");
+        QCOMPARE(m_opened, QUrl::fromLocalFile(folder));
         button(dialog, QDialogButtonBox::Close)->click();
         QVERIFY(!dialog.isVisible());
     }
@@ -87,6 +92,13 @@ private Q_SLOTS:
         QCOMPARE(filesIn(folder), QStringList());
     }
 
+    void aRelativeFolderIsToldInFull()
+    {
+        ExportDialog dialog({}, {"some/folder", false});
+        QCOMPARE(dialog.findChild<QLabel *>("lblFolder")->text(),
+                 "In " + QDir::currentPath() + "/some/folder");
+    }
+
     void aFolderThatCannotBeMadeIsTold()
     {
         ExportDialog dialog({redCyan(m_short)}, {m_short + "/folder", false});
@@ -94,6 +106,9 @@ private Q_SLOTS:
         QCOMPARE(title(dialog), QString("Films written: 0, failed: 1"));
         QCOMPARE(remarks(dialog)->toPlainText(), QString("folder: the folder cannot be made"));
     }
+
+public Q_SLOTS:
+    void rememberUrl(const QUrl &url) { m_opened = url; }
 
 private:
     static FilmSettings redCyan(const QString &path) { return {path, Kest3DRedCyan, 0.02, true}; }
@@ -122,6 +137,7 @@ private:
 
     Clips m_clips;
     QString m_short, m_long;
+    QUrl m_opened;
 };
 
 QTEST_MAIN(tst_ExportDialog)

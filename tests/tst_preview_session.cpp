@@ -24,6 +24,7 @@
 #include <QStyleOptionSlider>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QTimer>
 #include <QToolButton>
 #include <QUrl>
@@ -93,6 +94,7 @@ private Q_SLOTS:
     void returnInTheListPlaysAndDoesNotAccept();
     void brokenFilmSaysWhyAndCannotBeChosen();
     void aFilmIsListedOnce();
+    void aNameThatLooksLikeMarkupIsToldAsItIs();
     void droppedFilmsAreListed();
     void pastedPathsAreListed();
     void listShowsTheSettingsAsTheyChange();
@@ -387,6 +389,16 @@ void tst_PreviewSession::aFilmIsListedOnce()
                     copyOfFilm(QStringLiteral("fourth.mkv"))});
     QTRY_VERIFY(m_dialog->films().film(4) && m_dialog->films().film(4)->isPlayable());
     QCOMPARE(m_dialog->films().films().size(), 4);
+}
+
+void tst_PreviewSession::aNameThatLooksLikeMarkupIsToldAsItIs()
+{
+    const QString path = copyOfFilm(QStringLiteral("a <b>bold &amp; odd.mkv"));
+    m_dialog->open({path});
+    const QString tip = m_dialog->films().indexOf(4).data(Qt::ToolTipRole).toString();
+    QVERIFY(Qt::mightBeRichText(tip));
+    QCOMPARE(QTextDocumentFragment::fromHtml(tip).toPlainText(), path);
+    QTRY_VERIFY(m_dialog->films().film(4)->isPlayable());
 }
 
 QString tst_PreviewSession::copyOfFilm(const QString &name) const

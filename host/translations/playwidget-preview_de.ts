@@ -85,67 +85,72 @@
 <context>
     <name>ExportDialog</name>
     <message>
-        <location filename="../exportdialog.cpp" line="23"/>
+        <location filename="../exportdialog.cpp" line="26"/>
         <source>Estimating the time left…</source>
         <translation>Restzeit wird geschätzt …</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="25"/>
+        <location filename="../exportdialog.cpp" line="28"/>
         <source>Less than a minute left</source>
         <translation>Noch weniger als eine Minute</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="27"/>
+        <location filename="../exportdialog.cpp" line="30"/>
         <source>About %1 min left</source>
         <translation>Noch etwa %1 min</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="28"/>
+        <location filename="../exportdialog.cpp" line="31"/>
         <source>About %1 h %2 min left</source>
         <translation>Noch etwa %1 h %2 min</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="36"/>
+        <location filename="../exportdialog.cpp" line="39"/>
         <source>Films written: %1</source>
         <translation>Geschriebene Filme: %1</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="37"/>
+        <location filename="../exportdialog.cpp" line="40"/>
         <source>Films written: %1, failed: %2</source>
         <translation>Geschriebene Filme: %1, fehlgeschlagen: %2</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="62"/>
+        <location filename="../exportdialog.cpp" line="65"/>
         <source>Export</source>
         <translation>Export</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="85"/>
+        <location filename="../exportdialog.cpp" line="88"/>
         <source>Looking into the films…</source>
         <translation>Die Filme werden angesehen …</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="90"/>
+        <location filename="../exportdialog.cpp" line="94"/>
         <source>In %1</source>
         <translation>In %1</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="104"/>
+        <location filename="../exportdialog.cpp" line="108"/>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="138"/>
+        <location filename="../exportdialog.cpp" line="142"/>
         <source>Film %1 of %2: %3</source>
         <translation>Film %1 von %2: %3</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="166"/>
+        <location filename="../exportdialog.cpp" line="172"/>
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
     <message>
-        <location filename="../exportdialog.cpp" line="179"/>
+        <location filename="../exportdialog.cpp" line="180"/>
+        <source>Open folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <location filename="../exportdialog.cpp" line="195"/>
         <source>Cancelling…</source>
         <translation>Wird abgebrochen …</translation>
     </message>
@@ -171,7 +176,7 @@
 <context>
     <name>FilmList</name>
     <message>
-        <location filename="../filmlist.cpp" line="150"/>
+        <location filename="../filmlist.cpp" line="152"/>
         <source>%1, depth %2</source>
         <translation>%1, Tiefe %2</translation>
     </message>
@@ -179,83 +184,83 @@
 <context>
     <name>FilmPane</name>
     <message>
-        <location filename="../filmpane.cpp" line="45"/>
-        <location filename="../filmpane.cpp" line="51"/>
+        <location filename="../filmpane.cpp" line="47"/>
+        <location filename="../filmpane.cpp" line="53"/>
         <source>Open films…</source>
         <translation>Filme öffnen …</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="46"/>
+        <location filename="../filmpane.cpp" line="48"/>
         <source>Open folder…</source>
         <translation>Ordner öffnen …</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="47"/>
+        <location filename="../filmpane.cpp" line="49"/>
         <source>Paste files or a list of paths</source>
         <translation>Dateien oder eine Liste von Pfaden einfügen</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="52"/>
+        <location filename="../filmpane.cpp" line="54"/>
         <source>Films and sound files; the arrow offers folders and lists</source>
         <translation>Filme und Tondateien; der Pfeil bietet Ordner und Listen</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="58"/>
+        <location filename="../filmpane.cpp" line="60"/>
         <source>Export…</source>
         <translation>Exportieren …</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="59"/>
+        <location filename="../filmpane.cpp" line="61"/>
         <source>Write the films whose 3D is on into a folder, as they are shown</source>
         <translation>Die Filme mit eingeschaltetem 3D so, wie sie gezeigt werden, in einen Ordner schreiben</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="75"/>
+        <location filename="../filmpane.cpp" line="77"/>
         <source>Choose…</source>
         <translation>Wählen …</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="76"/>
+        <location filename="../filmpane.cpp" line="78"/>
         <source>Choose the file that OK writes the settings to</source>
         <translation>Die Datei wählen, in die OK die Einstellungen schreibt</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="87"/>
+        <location filename="../filmpane.cpp" line="89"/>
         <source>No settings file yet</source>
         <translation>Noch keine Einstellungsdatei</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="88"/>
+        <location filename="../filmpane.cpp" line="90"/>
         <source>OK writes %1</source>
         <translation>OK schreibt %1</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="105"/>
+        <location filename="../filmpane.cpp" line="107"/>
         <source>Open films</source>
         <translation>Filme öffnen</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="115"/>
+        <location filename="../filmpane.cpp" line="117"/>
         <source>Open a folder of films</source>
         <translation>Einen Ordner mit Filmen öffnen</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="125"/>
+        <location filename="../filmpane.cpp" line="127"/>
         <source>What was copied names no file.</source>
         <translation>Das Kopierte nennt keine Datei.</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="132"/>
+        <location filename="../filmpane.cpp" line="134"/>
         <source>Write the settings to</source>
         <translation>Einstellungen schreiben nach</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="134"/>
+        <location filename="../filmpane.cpp" line="136"/>
         <source>Settings (*.json)</source>
         <translation>Einstellungen (*.json)</translation>
     </message>
     <message>
-        <location filename="../filmpane.cpp" line="144"/>
+        <location filename="../filmpane.cpp" line="146"/>
         <source>Export into a folder</source>
         <translation>In einen Ordner exportieren</translation>
     </message>
@@ -278,47 +283,47 @@ oder hier ablegen</translation>
 <context>
     <name>KeepSettings</name>
     <message>
-        <location filename="../keepsettings.cpp" line="27"/>
+        <location filename="../keepsettings.cpp" line="28"/>
         <source>Settings</source>
         <translation>Einstellungen</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="29"/>
+        <location filename="../keepsettings.cpp" line="30"/>
         <source>Save the 3D settings?</source>
         <translation>Die 3D-Einstellungen speichern?</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="30"/>
+        <location filename="../keepsettings.cpp" line="31"/>
         <source>The settings could not be saved.</source>
         <translation>Die Einstellungen konnten nicht gespeichert werden.</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="32"/>
+        <location filename="../keepsettings.cpp" line="33"/>
         <source>With --settings FILE they are read and written without asking.</source>
         <translation>Mit --settings DATEI werden sie ohne Nachfrage gelesen und geschrieben.</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="34"/>
+        <location filename="../keepsettings.cpp" line="35"/>
         <source>Save as…</source>
         <translation>Speichern unter …</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="35"/>
+        <location filename="../keepsettings.cpp" line="36"/>
         <source>Do not save</source>
         <translation>Nicht speichern</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="46"/>
+        <location filename="../keepsettings.cpp" line="47"/>
         <source>Write the settings to</source>
         <translation>Einstellungen schreiben nach</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="47"/>
+        <location filename="../keepsettings.cpp" line="48"/>
         <source>Settings (*.json)</source>
         <translation>Einstellungen (*.json)</translation>
     </message>
     <message>
-        <location filename="../keepsettings.cpp" line="36"/>
+        <location filename="../keepsettings.cpp" line="37"/>
         <source>Go on</source>
         <translation>Weitermachen</translation>
     </message>
