@@ -43,8 +43,11 @@ public:
                         .arg(size, QString::number(seconds), more));
     }
 
-    /// One that takes long to export.
-    QString longPattern(const QString &name) const { return pattern(name, "640x360", 60); }
+    /// One that takes long to export, but not to make: the same two seconds over and over.
+    QString longPattern(const QString &name) const
+    {
+        return make(name, "-stream_loop 29 -i " + pattern("part.mkv", "640x360", 2) + " -c copy");
+    }
 
     QString write(const QString &name, const QByteArray &bytes) const
     {

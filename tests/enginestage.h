@@ -81,6 +81,13 @@ public:
 
     QImage grab() const { return window->grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
+    /// Whether the window shows exactly this, now or soon. Looks five times as often as QTRY_COMPARE,
+    /// for tests that wait for hundreds of pictures.
+    bool comesToShow(const QImage &picture) const
+    {
+        return QTest::qWaitFor([&] { return grab() == picture; });
+    }
+
     QRgb pixel(int x, int y) const { return grab().pixel(x, y); }
 
     QRgb centre() const { return pixel(window->width() / 2, window->height() / 2); }

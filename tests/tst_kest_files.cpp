@@ -31,7 +31,7 @@ QString quarters(const QString &size)
             .arg(height / 2)
             .arg(colour);
     };
-    return QStringLiteral("-f lavfi -i color=c=red:s=%1:r=10:d=1").arg(size) + box(1, 0, "lime")
+    return QStringLiteral("-f lavfi -i color=c=red:s=%1:r=10:d=0.3").arg(size) + box(1, 0, "lime")
         + box(0, 1, "blue") + box(1, 1, "yellow");
 }
 
@@ -128,12 +128,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("clip");
         QTest::newRow("1x1")
-            << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.5 -vf scale=1:1,format=yuv444p -c:v ffv1";
+            << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.2 -vf scale=1:1,format=yuv444p -c:v ffv1";
         QTest::newRow("1x1, subsampled")
-            << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.5 -vf scale=1:1,format=yuv420p -c:v ffv1";
+            << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.2 -vf scale=1:1,format=yuv420p -c:v ffv1";
         QTest::newRow("3x1")
-            << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.5 -vf scale=3:1,format=yuv420p -c:v ffv1";
-        QTest::newRow("1x999") << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.5 -vf "
+            << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.2 -vf scale=3:1,format=yuv420p -c:v ffv1";
+        QTest::newRow("1x999") << "-f lavfi -i color=c=red:s=64x64:r=10:d=0.2 -vf "
                                   "scale=1:999,format=yuv420p -c:v ffv1";
         QTest::newRow("8192x4320")
             << "-f lavfi -i color=c=red:s=8192x4320:r=5:d=0.4 -c:v libx264 -preset ultrafast";
@@ -141,11 +141,11 @@ private Q_SLOTS:
             << "-f lavfi -i color=c=red:s=64x36:r=50:d=1 -vf select=not(mod(n\\,7))+gt(n\\,30) "
                "-fps_mode vfr -c:v libx264";
         QTest::newRow("one picture") << "-f lavfi -i color=c=red:s=64x36 -frames:v 1 -c:v ffv1";
-        QTest::newRow("animated gif") << "-f lavfi -i color=c=red:s=64x36:r=10:d=0.5 -f gif";
+        QTest::newRow("animated gif") << "-f lavfi -i color=c=red:s=64x36:r=10:d=0.2 -f gif";
         QTest::newRow("transport stream")
-            << "-f lavfi -i color=c=red:s=64x36:r=25:d=0.5 -c:v libx264 -f mpegts";
+            << "-f lavfi -i color=c=red:s=64x36:r=25:d=0.2 -c:v libx264 -f mpegts";
         QTest::newRow("no duration")
-            << "-f lavfi -i color=c=red:s=64x36:r=25:d=0.5 -c:v libx264 -f h264";
+            << "-f lavfi -i color=c=red:s=64x36:r=25:d=0.2 -c:v libx264 -f h264";
         QTest::newRow("one picture, no duration")
             << "-f lavfi -i color=c=red:s=64x36:r=25 -frames:v 1 -c:v libx264 -f h264";
     }
@@ -235,10 +235,10 @@ private Q_SLOTS:
 
     void truncatedFilmsPlayOrSayNo()
     {
-        const QByteArray whole
-            = Clips::read(m_clips.make("whole.mkv",
-                                       "-f lavfi -i testsrc=s=64x36:r=25:d=1 -f lavfi -i sine=d=1 "
-                                       "-c:v libx264 -c:a libvorbis"));
+        const QByteArray whole = Clips::read(
+            m_clips.make("whole.mkv",
+                         "-f lavfi -i testsrc=s=64x36:r=25:d=0.4 -f lavfi -i sine=d=0.4 "
+                         "-c:v libx264 -c:a libvorbis"));
         QVERIFY(whole.size() > 1000);
         EngineStage stage;
         for (int i = 1; i < 20; ++i)
@@ -250,8 +250,8 @@ private Q_SLOTS:
     {
         const QByteArray whole
             = Clips::read(m_clips.make("flip.mp4",
-                                       "-f lavfi -i testsrc=s=64x36:r=25:d=0.4 -f lavfi "
-                                       "-i sine=d=0.4 -c:v libx264 -c:a aac"));
+                                       "-f lavfi -i testsrc=s=64x36:r=25:d=0.2 -f lavfi "
+                                       "-i sine=d=0.2 -c:v libx264 -c:a aac"));
         QVERIFY(whole.size() > 1000);
         EngineStage stage;
         for (unsigned seed = 1; seed <= 25; ++seed) {

@@ -135,7 +135,7 @@ private Q_SLOTS:
         QCOMPARE(preview.setFilter(mode, depth), int(KestOk));
         for (int i = 9; i >= 0; --i) {
             QCOMPARE(KestSetCurPos(preview.engine, unsigned(i * 40)), int(KestOk));
-            QTRY_COMPARE(preview.grab(), read[i]);
+            QVERIFY(preview.comesToShow(read[i]));
         }
     }
 

@@ -1,6 +1,6 @@
 # A stranger uses what we install, from a moved prefix, and the tree itself. Not under a sanitizer,
 # which the stranger would have to use as well. Unoptimised, since nearly all of the time goes into
-# compiling.
+# compiling. Their label is `builds`, for those who have no use for that.
 set(prefix ${CMAKE_CURRENT_BINARY_DIR}/consumer)
 set(film ${PROJECT_SOURCE_DIR}/samples/depth.mkv)
 
@@ -22,6 +22,7 @@ function(playwidget_consumer name source program)
         -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 ${arg_OPTIONS}
       ${run})
   set_tests_properties(consumer_${name} PROPERTIES
+    LABELS builds
     ENVIRONMENT QT_QPA_PLATFORM=offscreen
     FIXTURES_REQUIRED "${arg_NEEDS}"
     FIXTURES_SETUP "${arg_MAKES}"
@@ -32,7 +33,7 @@ endfunction()
 add_test(NAME consumer_install COMMAND ${CMAKE_COMMAND}
   -D build=${PROJECT_BINARY_DIR} -D prefix=${prefix}/prefix
   -P ${CMAKE_CURRENT_SOURCE_DIR}/consumer/install.cmake)
-set_tests_properties(consumer_install PROPERTIES FIXTURES_SETUP moved_prefix)
+set_tests_properties(consumer_install PROPERTIES LABELS builds FIXTURES_SETUP moved_prefix)
 
 # With Qt 6 our own host program as well, which may see nothing else; one version shows that.
 set(host_sources)
@@ -57,6 +58,7 @@ playwidget_consumer(readme ${prefix}/readme_source filmviewer BUILD_ONLY
 add_test(NAME consumer_pkg_config COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/consumer/pkg_config.sh
   ${prefix}/prefix/moved ${prefix}/pkg_config/consumer ${film})
 set_tests_properties(consumer_pkg_config PROPERTIES
+  LABELS builds
   ENVIRONMENT "CXX=${CMAKE_CXX_COMPILER};QT_QPA_PLATFORM=offscreen"
   FIXTURES_REQUIRED moved_prefix)
 
@@ -70,7 +72,9 @@ add_test(NAME consumer_install_static COMMAND ${CMAKE_COMMAND}
   -D build=${prefix}/add_subdirectory -D prefix=${prefix}/static_prefix
   -P ${CMAKE_CURRENT_SOURCE_DIR}/consumer/install.cmake)
 set_tests_properties(consumer_install_static PROPERTIES
-  FIXTURES_REQUIRED static_build FIXTURES_SETUP static_prefix)
+  LABELS builds
+  FIXTURES_REQUIRED static_build
+  FIXTURES_SETUP static_prefix)
 playwidget_consumer(find_static ${CMAKE_CURRENT_SOURCE_DIR}/consumer consumer
   NEEDS static_prefix
   OPTIONS -DCMAKE_PREFIX_PATH=${prefix}/static_prefix/moved
