@@ -219,9 +219,9 @@ private Q_SLOTS:
     {
         EngineStage stage({64, 36});
         QCOMPARE(stage.open(m_colours), int(KestOk));
-        QCOMPARE(KestSetCurPos(stage.engine, 1500), int(KestOk));
+        QCOMPARE(KestSetCurPos(stage.engine, 1520), int(KestOk));
         QTRY_VERIFY(stage.showsAtCentre(lime));
-        QTRY_COMPARE(stage.position(), 1500u);  // told after it is shown, now and then
+        QTRY_COMPARE(stage.position(), 1520u);  // told after it is shown, now and then
         const std::size_t events = stage.events.size();
         void *reader = nullptr;
         QCOMPARE(KestReaderOpen(stage.engine, 1, &reader), int(KestOk));
