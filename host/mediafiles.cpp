@@ -89,7 +89,7 @@ QStringList expandFolders(const QStringList &paths, QStringList *empty)
         }
         const QStringList within = mediaFilesIn(filmPath(path));
         if (within.isEmpty())
-            *empty << path;
+            *empty << filmPath(path);
         files << within;
     }
     return files;

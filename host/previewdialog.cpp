@@ -13,10 +13,13 @@
 
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
+#include <QStyle>
 
 #include <algorithm>
 #include <cstdio>
@@ -81,7 +84,20 @@ void PreviewDialog::layOut()
     m_pane->showSettingsFile(m_settingsFile);
     setFixedHeight(m_player->actualSize().height());
     resize(m_player->actualSize().width() + 320, height());
-    restoreGeometry(QSettings().value(geometryKey).toByteArray());
+    restorePlace();
+}
+
+/// As it was, except for what would be off the screen, which may be another by now.
+void PreviewDialog::restorePlace()
+{
+    if (!restoreGeometry(QSettings().value(geometryKey).toByteArray()))
+        return;
+    const QScreen *there = QGuiApplication::screenAt(geometry().center());
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = (there ? there : screen())->availableGeometry().adjusted(0, 0, 0, -titleBar);
+    resize(qMin(width(), room.width()), height());
+    move(qMax(room.left(), qMin(x(), room.right() + 1 - width())),
+         qMax(room.top(), qMin(y(), room.bottom() + 1 - height())));
 }
 
 void PreviewDialog::open(const QStringList &paths)

@@ -56,6 +56,7 @@ protected:
 private:
     void embedPlayer();
     void layOut();
+    void restorePlace();
     FilmSettings startOf(const QString &path) const;
     void takeFacts(int filmId, const MediaFacts &facts);
     void addToPlayer(const Film &film);

@@ -72,7 +72,8 @@ void tst_PreviewMediaFiles::foldersAreReplacedAndEmptyOnesNamed()
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("none")));
     const QString none = m_folder->filePath(QStringLiteral("none"));
     QStringList empty;
-    const QStringList files = expandFolders({none, m_folder->path()}, &empty);
+    const QStringList files
+        = expandFolders({none + QStringLiteral("/."), m_folder->path()}, &empty);
     QCOMPARE(files, QStringList(m_folder->filePath(QStringLiteral("a.mkv"))));
     QCOMPARE(empty, QStringList(none));
 }

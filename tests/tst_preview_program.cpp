@@ -37,6 +37,7 @@ private Q_SLOTS:
     void theFolderOpenedLastComesBack();
     void theWindowComesBackWhereItWas();
     void aWindowThatWasOffTheScreenComesBackOnIt();
+    void aWindowThatWasOffTheScreenComesBackOnIt_data();
     void exportsAfterOkAndTellsWhatWasWritten();
     void exportsFromTheWindowAndGoesOn();
     void aSignalEndsAnExportFromTheWindowAndLeavesNothing_data();
@@ -483,10 +484,19 @@ void tst_PreviewProgram::theWindowComesBackWhereItWas()
     QCOMPARE(m_size, QSize(1100, 585));
 }
 
+void tst_PreviewProgram::aWindowThatWasOffTheScreenComesBackOnIt_data()
+{
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("all of it") << QPoint(5000, 3000);
+    QTest::newRow("its right half and OK") << QPoint(700, 700);
+    QTest::newRow("its left half") << QPoint(-500, 100);
+}
+
 void tst_PreviewProgram::aWindowThatWasOffTheScreenComesBackOnIt()
 {
+    QFETCH(QPoint, place);
     openWindow({});
-    moveWindow({5000, 3000});
+    moveWindow(place);
     RealInput::key(QStringLiteral("Escape"));
     waitForExit(1);
 
