@@ -1,88 +1,87 @@
-// What does making the widget take, skin and all, next to the same tree of Qt's own widgets?
-// Not here: showing and painting it.
+// What does making the widget take, next to the same form with Qt's own widgets in it: bare, and with
+// the same style sheet, icons and images? Not here: showing and painting it.
 #include "benchmarks/figures.h"
+#include "playwidget/modelist.h"
 #include "playwidget/playwidget.h"
+#include "ui_plainform.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QSlider>
-#include <QSpinBox>
-#include <QToolButton>
+#include <QFile>
+#include <QImage>
 
 #include <cstdio>
-#include <map>
 #include <memory>
 
 namespace {
 
 constexpr int turns = 200;
 
-using Maker = QWidget *(*)(QWidget *parent);
-
-template <typename Widget> QWidget *make(QWidget *parent)
+/// The form of the widget, in which each control is the one of Qt's that ours is nearest to.
+struct Plain
 {
-    return new Widget(parent);
-}
+    Plain() { form.setupUi(&widget); }
 
-QWidget *makeButtons(QWidget *parent)
-{
-    return new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, parent);
-}
-
-struct Node
-{
-    Maker maker;
-    int parent;  ///< place in the list
-    QRect geometry;
+    QWidget widget;
+    Ui_PlayWidget_Impl form;
 };
 
-/// Qt's nearest to a class; what has none of the same purpose is a plain widget.
-Maker makerOf(const QByteArray &className)
+QIcon icon(const QString &name)
 {
-    static const std::map<QByteArray, Maker> makers
-        = {{"ImageTracker", make<QSlider>}, {"IconButton", make<QToolButton>},
-           {"QLabel", make<QLabel>},        {"QComboBox", make<QComboBox>},
-           {"QSpinBox", make<QSpinBox>},    {"QSlider", make<QSlider>},
-           {"QCheckBox", make<QCheckBox>},  {"QDialogButtonBox", makeButtons}};
-    const auto found = makers.find(className);
-    return found == makers.end() ? make<QWidget> : found->second;
+    QIcon icon;
+    icon.addFile(name + "_on.png", QSize(), QIcon::Active);
+    icon.addFile(name + "_down.png", QSize(), QIcon::Selected);
+    icon.addFile(name + "_disable.png", QSize(), QIcon::Disabled);
+    icon.addFile(name + ".png");
+    return icon;
 }
 
-/// What stands inside one of Qt's own controls it makes itself.
-void list(const QWidget &widget, int parent, std::vector<Node> &nodes)
+QString sliderStyle(const QString &name)
 {
-    const Maker maker = makerOf(widget.metaObject()->className());
-    const int place = int(nodes.size());
-    nodes.push_back({maker, parent, widget.geometry()});
-    if (maker != make<QWidget>)
-        return;
-    for (QObject *child : widget.children()) {
-        auto *const part = qobject_cast<QWidget *>(child);
-        if (part && !part->isWindow())
-            list(*part, place, nodes);
-    }
+    return QString("QSlider::groove:horizontal { border-image: url(:/skin/%1_bc.png); }"
+                   "QSlider::handle:horizontal { image: url(:/skin/%1.png); }")
+        .arg(name);
 }
 
-std::unique_ptr<QWidget> makePlain(const std::vector<Node> &nodes)
+/// With what the skin has: an icon of four pictures for each button, the modes with theirs, two
+/// skinned sliders, the style sheet, the picture shown for music.
+struct Skinned : Plain
 {
-    std::vector<QWidget *> made;
-    for (const Node &node : nodes) {
-        made.push_back(node.maker(node.parent < 0 ? nullptr : made[std::size_t(node.parent)]));
-        made.back()->setGeometry(node.geometry);
+    Skinned()
+        : music(":/skin/music.png")
+    {
+        const std::pair<QToolButton *, const char *> buttons[]
+            = {{form.btnVolumeLeft, "volume_left"},
+               {form.btnVolumeRight, "volume_right"},
+               {form.btnPriorFile, "prior_file"},
+               {form.btnPriorPart, "prior_part"},
+               {form.btnNextPart, "next_part"},
+               {form.btnNextFile, "next_file"},
+               {form.btnCapture, "capture"},
+               {form.btnCaptureRight, "capture_right"},
+               {form.btnPlay, "play"}};
+        for (const auto &[button, name] : buttons)
+            button->setIcon(icon(QString(":/skin/") + name));
+        pause = icon(":/skin/pause");
+        for (const ModeRow &row : modeRows)
+            form.cbx3DMode->addItem(QIcon(row.icon), row.text, row.mode);
+        form.volumeTracker->setStyleSheet(sliderStyle("volumeslider"));
+        form.playTracker->setStyleSheet(sliderStyle("playslider"));
+        QFile sheet(":/qss/Varlume.qss");
+        if (sheet.open(QIODevice::ReadOnly))
+            widget.setStyleSheet(QString::fromLatin1(sheet.readAll()).section("QPushButton", 0, 0));
     }
-    return std::unique_ptr<QWidget>(made.front());
-}
+
+    QImage music;
+    QIcon pause;
+};
 
 /// Microseconds; what is made goes before the next is timed.
-template <typename Make> double timeOf(Make make)
+template <typename Widget> double timeToMake()
 {
     QElapsedTimer time;
     time.start();
-    const auto made = make();
+    const auto made = std::make_unique<Widget>();
     return double(time.nsecsElapsed()) / 1e3;
 }
 
@@ -91,14 +90,17 @@ template <typename Make> double timeOf(Make make)
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
-    std::vector<Node> nodes;
-    list(PlayWidget(), -1, nodes);
-    std::vector<double> ours, plain;
+    const PlayWidget first;  // fonts and plugins are loaded once
+    std::vector<double> ours, plain, skinned;
     for (int turn = 0; turn < turns; ++turn) {
-        ours.push_back(timeOf([] { return std::make_unique<PlayWidget>(); }));
-        plain.push_back(timeOf([&] { return makePlain(nodes); }));
+        ours.push_back(timeToMake<PlayWidget>());
+        plain.push_back(timeToMake<Plain>());
+        skinned.push_back(timeToMake<Skinned>());
     }
-    std::printf("making %zu widgets, medians of %d, microseconds\n\n", nodes.size(), turns);
-    std::printf("PlayWidget, skinned%12.0f\nQt's own widgets   %12.0f\nratio%26.2f\n", median(ours),
-                median(plain), median(ours) / median(plain));
+    std::printf("making a player's widgets, medians of %d, microseconds\n\n", turns);
+    std::printf("PlayWidget              %9.0f\n", median(ours));
+    std::printf("Qt's own, same skin     %9.0f   ratio %6.2f\n", median(skinned),
+                median(ours) / median(skinned));
+    std::printf("Qt's own, without skin  %9.0f   ratio %6.2f\n", median(plain),
+                median(ours) / median(plain));
 }

@@ -14,10 +14,10 @@ QIcon stateIcon(const QString &name)
 {
     const QString path = QStringLiteral(":/skin/") + name;
     QIcon icon;
-    icon.addFile(path + QStringLiteral("_on"), QSize(), QIcon::Active, QIcon::Off);
-    icon.addFile(path + QStringLiteral("_down"), QSize(), QIcon::Selected, QIcon::Off);
-    icon.addFile(path + QStringLiteral("_disable"), QSize(), QIcon::Disabled, QIcon::Off);
-    icon.addFile(path, QSize(), QIcon::Normal, QIcon::Off);
+    icon.addFile(path + QStringLiteral("_on.png"), QSize(), QIcon::Active, QIcon::Off);
+    icon.addFile(path + QStringLiteral("_down.png"), QSize(), QIcon::Selected, QIcon::Off);
+    icon.addFile(path + QStringLiteral("_disable.png"), QSize(), QIcon::Disabled, QIcon::Off);
+    icon.addFile(path + QStringLiteral(".png"), QSize(), QIcon::Normal, QIcon::Off);
     return icon;
 }
 

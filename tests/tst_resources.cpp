@@ -45,10 +45,6 @@ const Family families[] = {
     {"noselect", "- _on", {18, 18}},
 };
 
-const char *const buttons[]
-    = {"volume_left", "volume_right", "prior_file", "prior_part", "play",
-       "pause",       "next_part",    "next_file",  "capture",    "capture_right"};
-
 QStringList words(const char *text)
 {
     return QString::fromLatin1(text).split(' ');
@@ -153,7 +149,6 @@ private Q_SLOTS:
     void everyImageHasItsSize();
     void nothingElseIsInTheBundle();
     void doubleImagesAreTwiceAsLarge();
-    void buttonsFindTheirDoubleImagesWithoutASuffix();
     void onlyTextAndBackgroundAreCompressed();
     void cornersOfControlsAreClear_data();
     void cornersOfControlsAreClear();
@@ -209,17 +204,6 @@ void tst_Resources::doubleImagesAreTwiceAsLarge()
     for (const QString &name : doubles) {
         const QString single = QString(name).remove("@2x.png");
         QCOMPARE(QImage(":/skin/" + name).size(), QImage(path(single)).size() * 2);
-    }
-}
-
-void tst_Resources::buttonsFindTheirDoubleImagesWithoutASuffix()
-{
-    for (const char *button : buttons) {
-        for (const char *state : {"", "_on", "_down", "_disable"}) {
-            const QString name = QString(":/skin/%1%2@2x").arg(button, state);
-            QVERIFY2(!contents(name).isEmpty(), qPrintable(name));
-            QCOMPARE(contents(name), contents(name + ".png"));
-        }
     }
 }
 
