@@ -4,10 +4,55 @@
 
 #include <QFileInfo>
 
+#include <cstdlib>
+#include <mutex>
+#include <set>
+
 #include <unistd.h>
 
+namespace {
+
+/// What is being written, in any thread. Qt leaves the program by exit() when the display goes away,
+/// and nobody comes back to take it away.
+struct Unfinished
+{
+    std::mutex lock;
+    std::set<QByteArray> paths;
+};
+
+Unfinished &unfinished();
+
+void removeUnfinished()
+{
+    Unfinished &all = unfinished();
+    const std::lock_guard<std::mutex> locked(all.lock);
+    for (const QByteArray &path : all.paths)
+        (void)unlink(path.constData());
+}
+
+Unfinished &unfinished()
+{
+    static auto *const all = [] {
+        (void)std::atexit(removeUnfinished);
+        return new Unfinished;  // threads may outlive what is static
+    }();
+    return *all;
+}
+
+void keepInMind(const QString &path)
+{
+    const std::lock_guard<std::mutex> locked(unfinished().lock);
+    unfinished().paths.insert(QFile::encodeName(path));
+}
+
+void forget(const QString &path)
+{
+    const std::lock_guard<std::mutex> locked(unfinished().lock);
+    unfinished().paths.erase(QFile::encodeName(path));
+}
+
 /// `path` itself for 1, then "film (2).mkv" and so on.
-static QString numbered(const QString &path, int number)
+QString numbered(const QString &path, int number)
 {
     if (number == 1)
         return path;
@@ -15,6 +60,8 @@ static QString numbered(const QString &path, int number)
     return QStringLiteral("%1/%2 (%3).%4")
         .arg(info.path(), info.completeBaseName(), QString::number(number), info.suffix());
 }
+
+}  // namespace
 
 NewFile::NewFile(const QString &wanted)
     : m_wanted(wanted)
@@ -24,14 +71,17 @@ NewFile::~NewFile()
 {
     if (m_file.isOpen())
         m_file.remove();
+    forget(m_file.fileName());
 }
 
 bool NewFile::open()
 {
     for (int number = 1; number < 1000; ++number) {
         m_file.setFileName(numbered(m_wanted, number) + QStringLiteral(".part"));
-        if (m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+        if (m_file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+            keepInMind(m_file.fileName());
             return true;
+        }
         if (!m_file.exists())
             return false;
     }
@@ -48,6 +98,7 @@ QString NewFile::commit()
         const QString name = numbered(m_wanted, number);
         if (QFile::rename(part, name)) {  // never over an existing file
             m_file.close();
+            forget(part);
             return name;
         }
         if (!QFileInfo::exists(name))
