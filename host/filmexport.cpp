@@ -14,6 +14,7 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
+#include <algorithm>
 #include <cerrno>
 #include <memory>
 
@@ -101,7 +102,8 @@ private:
     Scaler m_scaler;
     Picture m_frame{av_frame_alloc()};
     Packet m_encoded{av_packet_alloc()};
-    std::int64_t m_last = AV_NOPTS_VALUE;
+    std::int64_t m_last = AV_NOPTS_VALUE;  // ms, as the next
+    std::int64_t m_interval = 0;
 };
 
 Conversion::Conversion(const FilmOrder &order, QFile &target)
@@ -192,8 +194,10 @@ void Conversion::add(const KestPicture &picture)
         begin(picture);
     convert(picture);
     std::int64_t time = av_rescale_q(picture.time, {1, 1000000}, milliseconds);
-    if (m_last != AV_NOPTS_VALUE && time <= m_last)
-        time = m_last + 1;
+    if (m_last != AV_NOPTS_VALUE) {
+        time = std::max(time, m_last + 1);
+        m_interval = time - m_last;
+    }
     m_frame->pts = m_last = time;
     m_others.copyUntil(time);
     encode(m_frame.get());
@@ -219,6 +223,7 @@ void Conversion::encode(AVFrame *frame)
             return;
         checked(code);
         m_encoded->stream_index = m_stream->index;
+        m_encoded->duration = m_interval;  // or the last picture would last no time
         av_packet_rescale_ts(m_encoded.get(), milliseconds, m_stream->time_base);
         checked(av_interleaved_write_frame(m_output.get(), m_encoded.get()));
         checked(m_output->pb->error);

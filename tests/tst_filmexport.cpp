@@ -107,6 +107,18 @@ private Q_SLOTS:
         }
     }
 
+    void itLastsAsLongAsTheFilm()
+    {
+        const QString folder = m_clips.path("length");
+        run(m_stereo, folder);
+        QCOMPARE(m_status, 0);
+        QCOMPARE(outputOf("ffprobe",
+                          {"-v", "error", "-show_entries", "format=duration", "-of", "csv=p=0",
+                           folder + "/stereo.red-cyan.mkv"})
+                     .trimmed(),
+                 QByteArray("0.400000"));
+    }
+
     void soundIsCopiedPacketByPacket()
     {
         const QString folder = m_clips.path("sound");
