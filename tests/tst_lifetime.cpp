@@ -82,7 +82,7 @@ private:
         {
             const EventSource source(player.engine);
             while (player.impl.position == 0)
-                QCoreApplication::processEvents();
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
         player.report(1, 2);  // is on its way when the widget goes
     }
