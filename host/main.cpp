@@ -51,7 +51,8 @@ QStringList filmsToOpen(const Options &options, const Settings &settings)
     return paths;
 }
 
-int statusOf(const PreviewDialog &dialog)
+/// Tells what failed; returns the exit status.
+int report(const PreviewDialog &dialog)
 {
     const QStringList errors = dialog.errors();
     for (const QString &line : errors)
@@ -67,7 +68,7 @@ int runWindow(PreviewDialog &dialog, const Options &options)
 {
     if (dialog.exec() != QDialog::Accepted)
         return Rejected;
-    const int status = statusOf(dialog);
+    const int status = report(dialog);
     return options.json ? print(dialog.settings().toJson(), ExitStatus(status)) : status;
 }
 
@@ -105,7 +106,8 @@ ExportOrder orderOf(const Options &options)
     return {options.exportFolder, options.exportLossless};
 }
 
-int statusOf(const ExportSummary &summary, int status)
+/// The same; `status` is that of what went before.
+int report(const ExportSummary &summary, int status)
 {
     for (const QString &line : leftOutLines(summary))
         (void)complain(line, Accepted);
@@ -120,7 +122,7 @@ int exportInWindow(const QVector<FilmSettings> &films, const Options &options, i
         return status;
     ExportDialog dialog(films, orderOf(options));
     dialog.exec();
-    return statusOf(dialog.summary(), status);
+    return report(dialog.summary(), status);
 }
 
 int run(const Options &options)
@@ -133,7 +135,7 @@ int run(const Options &options)
     if (!engine.handle())
         return complain(Text::tr("the engine could not be opened"), Failed);
     if (options.noWindow)
-        return statusOf(exportOnConsole(engine, settings.films(), orderOf(options)), Accepted);
+        return report(exportOnConsole(engine, settings.films(), orderOf(options)), Accepted);
     PreviewDialog dialog(engine, options, settings);
     dialog.open(filmsToOpen(options, settings));
     if (!options.screenshot.isEmpty())

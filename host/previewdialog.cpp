@@ -245,7 +245,7 @@ QVector<FilmSettings> PreviewDialog::filmsToExport() const
     QVector<FilmSettings> films;
     for (const Film &film : m_films.films()) {
         const bool isOn = film.now.mode != Kest3DTurnOff;
-        if (isOn && film.isPlayable() && !film.facts.audioOnly)
+        if (isOn && film.facts.error.isEmpty() && !film.facts.audioOnly)
             films.append(film.now);
     }
     return films;

@@ -32,7 +32,8 @@ public:
     /// What was kept, brought up to date by what the user has chosen.
     Settings settings() const;
 
-    /// The films in the list that can be played and whose 3D is on, as they are shown.
+    /// The films in the list whose 3D is on, as they are shown; without those that are known to be
+    /// broken or to hold sound alone.
     QVector<FilmSettings> filmsToExport() const;
 
     /// What the engine refused, and why OK could not write the settings; empty when all went well.

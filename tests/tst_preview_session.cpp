@@ -93,6 +93,7 @@ private Q_SLOTS:
     void doubleClickLeavesAPausedFilmWithItsSettings();
     void returnInTheListPlaysAndDoesNotAccept();
     void brokenFilmSaysWhyAndCannotBeChosen();
+    void aFilmThatIsNotLookedIntoYetIsExportedAsWell();
     void aFilmIsListedOnce();
     void aNameThatLooksLikeMarkupIsToldAsItIs();
     void droppedFilmsAreListed();
@@ -381,6 +382,20 @@ void tst_PreviewSession::brokenFilmSaysWhyAndCannotBeChosen()
     RealInput::doubleClick(row(4));
     QTRY_COMPARE(child<QLabel>("lblFileName")->text(), QStringLiteral("broken.mkv"));
     QVERIFY(QFile::remove(path));
+}
+
+void tst_PreviewSession::aFilmThatIsNotLookedIntoYetIsExportedAsWell()
+{
+    Options options;
+    options.json = true;
+    options.mode = Kest3DRedCyan;
+    openWindow(options);
+    const QString path = copyOfFilm(QStringLiteral("fourth.mkv"));
+    m_dialog->open({path});
+    QVERIFY(!m_dialog->films().film(4)->examined);
+    QCOMPARE(m_dialog->filmsToExport().size(), 3);  // all but the one with sound alone
+    QCOMPARE(m_dialog->filmsToExport().last().path, path);
+    QTRY_VERIFY(m_dialog->films().film(4)->isPlayable());
 }
 
 void tst_PreviewSession::aFilmIsListedOnce()
