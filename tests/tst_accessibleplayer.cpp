@@ -77,6 +77,8 @@ private Q_SLOTS:
     void namesButtonsByTheirToolTips();
     void thePlayButtonFollowsItsState();
     void thePlayButtonFollowsItsTexts();
+    void whatIsNoNameOfATimeIsTheLabels();
+    void theDepthCanStillBeFocused();
     void namesTheDepthByItsLabel_data();
     void namesTheDepthByItsLabel();
     void takesTheOtherTextsFromTheControls();
@@ -221,6 +223,22 @@ void tst_AccessiblePlayer::thePlayButtonFollowsItsTexts()
     QCOMPARE(nameOf(player.ui.btnPlay), "Los");
     player.play();
     QCOMPARE(nameOf(player.ui.btnPlay), "Halt");
+}
+
+void tst_AccessiblePlayer::whatIsNoNameOfATimeIsTheLabels()
+{
+    const Player player;
+    player.ui.lblElapsedTime->setToolTip("since the beginning");
+    QCOMPARE(interfaceOf(player.ui.lblElapsedTime)->text(QAccessible::Description),
+             QString("since the beginning"));
+}
+
+void tst_AccessiblePlayer::theDepthCanStillBeFocused()
+{
+    const Player player;
+    QAccessibleActionInterface *actions = interfaceOf(player.ui.effectTracker)->actionInterface();
+    QVERIFY(actions);
+    QCOMPARE(actions->actionNames(), QStringList(QAccessibleActionInterface::setFocusAction()));
 }
 
 void tst_AccessiblePlayer::namesTheDepthByItsLabel_data()

@@ -115,6 +115,28 @@ private Q_SLOTS:
         QCOMPARE(KestChangeVolume(stage.engine, 50), int(KestOk));
     }
 
+    void aWindowOfAnotherThreadIsRefused()
+    {
+        CVideoWnd window;
+        int code = KestOk;
+        std::thread([&] {
+            void *const engine = KestOpen("null");
+            KestAddFile(engine, 1, m_film.toUtf8().constData());
+            EditBeginParams params = {};
+            params.fileId = 1;
+            params.firstWindow = &window;
+            code = KestEditBegin(engine, &params);
+            KestClose(engine);
+        }).join();
+        QCOMPARE(code, int(KestErrorArgument));
+    }
+
+    void aMisspeltOutputOpensNothing()
+    {
+        for (const char *output : {"null:x=y", ",,", "%n%"})
+            QCOMPARE(KestOpen(output), static_cast<void *>(nullptr));
+    }
+
     void anEngineThatIsNeverClosedGoesWithItsThread()
     {
         int code = KestErrorPlayer;

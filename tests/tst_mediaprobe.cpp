@@ -83,6 +83,17 @@ private Q_SLOTS:
         QCOMPARE(first(facts, KestStreamPicture)->rotation, 90);
     }
 
+    void aMatrixWithoutADirectionIsNoTurn()
+    {
+        QByteArray film = Clips::read(m_clips.path("film.mp4"));
+        const int header = film.indexOf("tkhd");
+        QVERIFY(header > 0);
+        film.replace(header + 44, 36, QByteArray(36, 0));
+        const MediaFacts facts = probe(m_clips.write("nowhere.mp4", film));
+        QCOMPARE(facts.code, int(KestOk));
+        QCOMPARE(facts.shape.rotation, 0);
+    }
+
     void tellsHowViewsArePacked_data()
     {
         QTest::addColumn<QString>("tag");

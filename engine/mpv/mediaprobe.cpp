@@ -96,8 +96,10 @@ int Source::read(void *source, std::uint8_t *to, int size)
     if (self->late())
         return AVERROR_EXIT;
     const ssize_t count = ::read(self->m_file, to, std::size_t(size));
-    if (count < 0)
+    if (count < 0) {
+        self->m_code = codeOfErrno();
         return AVERROR(errno);
+    }
     return count == 0 ? AVERROR_EOF : int(count);
 }
 
@@ -354,7 +356,9 @@ MediaFacts probeMedia(const std::string &path)
     const FormatPointer format = openFormat(source, io);
     if (source.late())
         return failure(KestErrorTimeout);
-    return format ? factsOf(*format) : failure(KestErrorNotMedia);
+    if (!format)
+        return failure(source.code() == KestOk ? KestErrorNotMedia : source.code());
+    return factsOf(*format);
 }
 
 MediaProbe::Stamp MediaProbe::stampOf(const std::string &path)
