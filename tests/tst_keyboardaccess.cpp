@@ -350,7 +350,7 @@ void tst_KeyboardAccess::changesTheDepth()
     QCOMPARE(desk.ui.edt3DPos->value(), steps);
     QCOMPARE(desk.ui.effectTracker->value(), steps + 50);
     desk.impl.delaySetAgain();
-    QCOMPARE(desk.engine.addedFilter().depth, steps * 0.006);
+    QCOMPARE(double(desk.engine.addedFilter().depth), steps * 0.006);
 }
 
 void tst_KeyboardAccess::appliesToAll()
