@@ -5,7 +5,7 @@
 int main(int argc, char **argv)
 {
     Stage stage(argc, argv);
-    const int seconds = argc > 1 ? QString(argv[1]).toInt() : 20;
+    const int seconds = argc > 1 ? QString(argv[1]).toInt() : 60;
     constexpr int rate = 60;
     int painted = 0, torn = 0, early = 0, last = -1;
     stage.show(barcodeClip(seconds, rate));
