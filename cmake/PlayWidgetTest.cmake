@@ -5,7 +5,7 @@
 # offscreen platform unless PLATFORM names another; with xcb it gets an X display of its own, so that
 # tests with real windows and a real mouse can run side by side. With SCALES it is registered once
 # for each density of the screen, under its name and the factor. SESSION names a program that runs it
-# in surroundings of its own, a display included.
+# in surroundings of its own, a display included. A sanitizer gives it five times TIMEOUT.
 function(playwidget_test name)
   cmake_parse_arguments(arg "" "PLATFORM;TIMEOUT;SESSION" "SOURCES;LIBRARIES;SCALES" ${ARGN})
   if(NOT arg_PLATFORM)
@@ -13,6 +13,9 @@ function(playwidget_test name)
   endif()
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 120)
+  endif()
+  if(PLAYWIDGET_SANITIZE)
+    math(EXPR arg_TIMEOUT "5 * ${arg_TIMEOUT}")
   endif()
   add_executable(${name} ${name}.cpp ${arg_SOURCES})
   set_target_properties(${name} PROPERTIES
