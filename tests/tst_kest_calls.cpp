@@ -320,7 +320,8 @@ private Q_SLOTS:
         QElapsedTimer time;
         time.start();
         KestClose(stage.engine);
-        QVERIFY2(time.elapsed() < 100, qPrintable(QString::number(time.elapsed())));
+        // Far from the film's end, and far from what its threads may wait for a busy processor.
+        QVERIFY2(time.elapsed() < 1000, qPrintable(QString::number(time.elapsed())));
         stage.clearView();
         QVERIFY(stage.showsAtCentre(0xff000000));
         QTest::qWait(100);
