@@ -31,15 +31,26 @@ qint64 bytesInUse()
     return qint64(memory.uordblks + memory.hblkhd);
 }
 
+/// What is in use once the player has let go of its last film, which it does in its own time.
+qint64 settledBytes()
+{
+    qint64 bytes = -1;
+    for (int i = 0; i < 100 && bytes != bytesInUse(); ++i) {
+        bytes = bytesInUse();
+        QTest::qWait(100);
+    }
+    return bytes;
+}
+
 /// Bytes that a cycle adds, once everything that is made once has been made.
 template <typename Cycle> double growth(Cycle cycle)
 {
     for (int i = 0; i < warmUp; ++i)
         cycle(i);
-    const qint64 before = bytesInUse();
+    const qint64 before = settledBytes();
     for (int i = warmUp; i < cycleCount(); ++i)
         cycle(i);
-    return double(bytesInUse() - before) / (cycleCount() - warmUp);
+    return double(settledBytes() - before) / (cycleCount() - warmUp);
 }
 
 /// The player by itself, doing what the engine makes it do.
