@@ -8,7 +8,6 @@
 #include <QThread>
 
 #include <atomic>
-#include <memory>
 
 /// A file may take seconds to look into, so the GUI thread does not do it.
 class FileProbe : public QObject
@@ -28,12 +27,9 @@ Q_SIGNALS:
     void examined(int fileId, const MediaFacts &facts);
 
 private:
-    MediaFacts factsOf(int fileId, const QString &path);
+    class Worker;
 
     QThread m_thread;
-    QObject m_worker;  // lives on the thread
+    Worker *const m_worker;  // lives on the thread, and ends with it
     std::atomic<bool> m_leaving{false};
-
-    // --- the thread's own
-    std::unique_ptr<MediaEngine> m_engine;
 };

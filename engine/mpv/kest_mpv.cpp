@@ -11,23 +11,17 @@ namespace {
 
 /// The engines of one thread. A handle is a number that is never given twice, not an address, so
 /// whatever a caller passes is looked up and never followed.
-struct Engines
+std::map<void *, std::shared_ptr<Session>> &engines()
 {
-    QObject bell;
-    std::map<void *, std::shared_ptr<Session>> sessions;  // destroyed before the bell
-};
-
-Engines &engines()
-{
-    static thread_local Engines ofThisThread;
+    static thread_local std::map<void *, std::shared_ptr<Session>> ofThisThread;
     return ofThisThread;
 }
 
 /// Runs one call on the handle's session, which stays alive for it even if a callback closes it.
 template <typename Call> int on(void *engine, Call call) noexcept
 try {
-    const auto found = engines().sessions.find(engine);
-    if (found == engines().sessions.end())
+    const auto found = engines().find(engine);
+    if (found == engines().end())
         return KestErrorHandle;
     const std::shared_ptr<Session> session = found->second;
     return call(*session);
@@ -85,11 +79,11 @@ constexpr ErrorRow errorRows[] = {
 
 void *KestOpen(const char *audioOutput)
 try {
-    auto session = Session::open(audioOutput, &engines().bell);
+    auto session = Session::open(audioOutput);
     if (!session)
         return nullptr;
     void *const handle = newKestHandle();
-    engines().sessions.emplace(handle, std::move(session));
+    engines().emplace(handle, std::move(session));
     return handle;
 } catch (...) {
     return nullptr;
@@ -98,7 +92,7 @@ try {
 void KestClose(void *engine)
 {
     on(engine, [engine](Session &session) {
-        engines().sessions.erase(engine);
+        engines().erase(engine);
         session.close();
         return KestOk;
     });

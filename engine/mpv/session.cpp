@@ -9,15 +9,11 @@
 #include <algorithm>
 #include <filesystem>
 
-std::shared_ptr<Session> Session::open(const char *audioOutput, QObject *bell)
+std::shared_ptr<Session> Session::open(const char *audioOutput)
 {
-    const std::shared_ptr<Session> session(new Session(bell));
+    const std::shared_ptr<Session> session(new Session);
     return session->start(audioOutput) ? session : nullptr;
 }
-
-Session::Session(QObject *bell)
-    : m_bell(bell)
-{ }
 
 Session::~Session()
 {
@@ -160,7 +156,7 @@ void Session::showIn(CVideoWnd *window)
         if (const auto self = weak.lock())
             self->dropEdit(false);
     };
-    m_windowGone = QObject::connect(window, &QObject::destroyed, m_bell, gone);
+    m_windowGone = QObject::connect(window, &QObject::destroyed, &m_bell, gone);
 }
 
 int Session::endEdit(bool save)

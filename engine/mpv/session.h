@@ -35,9 +35,8 @@ class Session : public std::enable_shared_from_this<Session>
 {
 public:
     // session.cpp: down from the host to the player
-    /// Null when the player cannot be started. `bell` is an object of this thread that outlives the
-    /// session; the player's events arrive through it, so that a callback may close the session.
-    static std::shared_ptr<Session> open(const char *audioOutput, QObject *bell);
+    /// Null when the player cannot be started.
+    static std::shared_ptr<Session> open(const char *audioOutput);
     ~Session();
 
     /// Nothing works from here on, and no callback is entered.
@@ -95,7 +94,22 @@ private:
         QElapsedTimer sinceReport = {};
     };
 
-    explicit Session(QObject *bell);
+    /// What the player's threads ring, for the session's own to answer.
+    class Bell : public QObject
+    {
+    public:
+        explicit Bell(Session &session)
+            : m_session(session)
+        { }
+
+    protected:
+        bool event(QEvent *event) override;
+
+    private:
+        Session &m_session;
+    };
+
+    Session() = default;
     bool start(const char *audioOutput);
     int editCode() const;
     bool playerHasEdit() const;
@@ -135,6 +149,6 @@ private:
     std::unique_ptr<RenderThread> m_renderThread;
 
     // --- read by the player's own threads
-    QObject *const m_bell;
+    Bell m_bell{*this};
     std::atomic<bool> m_woken{false};
 };

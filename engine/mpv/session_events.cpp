@@ -5,6 +5,9 @@
 // after report(), and each event is taken anew from what the members then say.
 #include "engine/mpv/session.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <cmath>
 #include <cstring>
 
@@ -30,13 +33,18 @@ double numberOf(const mpv_node &map, const char *key)
 void Session::wake(void *session)
 {
     auto *self = static_cast<Session *>(session);
-    if (self->m_woken.exchange(true))
-        return;
-    const auto drain = [weak = self->weak_from_this()] {
-        if (const auto locked = weak.lock())
-            locked->drain();
-    };
-    QMetaObject::invokeMethod(self->m_bell, drain, Qt::QueuedConnection);
+    if (!self->m_woken.exchange(true))
+        QCoreApplication::postEvent(&self->m_bell, new QEvent(QEvent::User));
+}
+
+/// A callback may close the session, which goes, and the bell with it, when this is over.
+bool Session::Bell::event(QEvent *event)
+{
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    const auto session = m_session.shared_from_this();
+    session->drain();
+    return true;
 }
 
 void Session::drain()
