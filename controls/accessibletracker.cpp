@@ -4,13 +4,14 @@
 
 #include "controls/imagetracker.h"
 
-// The interface exists only once somebody asked for it, so without assistive technology nothing is
-// connected and nothing announced.
+// Qt asks for the interface of whatever is shown, so being here does not mean that somebody listens.
 AccessibleTracker::AccessibleTracker(ImageTracker *tracker, Words words)
     : QAccessibleWidget(tracker, QAccessible::Slider)
     , m_drag(tracker)
     , m_words(std::move(words))
     , m_announcing(QObject::connect(tracker, &ImageTracker::valueChanged, [tracker](int value) {
+        if (!QAccessible::isActive())
+            return;
         QAccessibleValueChangeEvent event(tracker, value);
         QAccessible::updateAccessibility(&event);
     }))
