@@ -437,11 +437,12 @@ void tst_PreviewProgram::answerFileDialog(const char *name, const QString &text)
 {
     RealInput::focus(windowNamed(name).toULongLong());
     RealInput::answer({QStringLiteral("type"), text});
-    // The first Return may go to the dialog's list of proposals.
+    // The first Return may go to the dialog's list of proposals; one that came too many would be the
+    // player's OK.
     const auto closed = [name] { return !visibleWindows(name); };
     for (int tries = 0; tries < 3 && !closed(); ++tries) {
         RealInput::key(QStringLiteral("Return"));
-        (void)QTest::qWaitFor(closed, 2000);
+        (void)QTest::qWaitFor(closed, 6000);
     }
 }
 
