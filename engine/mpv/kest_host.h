@@ -94,8 +94,9 @@ extern "C" {
 /// While the player is made the process's LC_NUMERIC is "C" for a moment, unless it is already.
 KEST_EXPORT void *KestOpen(const char *audioOutput);
 
-/// Ends an open edit without save, stops everything and frees the engine. Unknown handles are
-/// ignored. An engine that is never closed goes with the thread that opened it.
+/// Ends an open edit without save, stops everything and frees the engine. It waits until a read that
+/// is under way has been answered, which a disk out of reach may hold up. Unknown handles are ignored.
+/// An engine that is never closed goes with the thread that opened it.
 KEST_EXPORT void KestClose(void *engine);
 
 /// Gives a file an id to be named by. The path is UTF-8 and is not looked at yet; a relative one
