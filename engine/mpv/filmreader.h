@@ -1,4 +1,4 @@
-// FilmReader: one film from its first picture to its last, each once, as the preview composes it.
+// FilmReader: one film from its first picture to its last, each once, composed as in the preview.
 // Not here: showing pictures in time (session.h), the C functions over it (kest_reader.cpp).
 #pragma once
 

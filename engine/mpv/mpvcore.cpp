@@ -180,8 +180,11 @@ void MpvCore::setVolume(int volume)
 
 void MpvCore::setPicturesOnly()
 {
-    constexpr Option ones[]
-        = {{"aid", "no"}, {"untimed", "yes"}, {"framedrop", "no"}, {"rebase-start-time", "no"}};
+    constexpr Option ones[] = {{"aid", "no"},
+                               {"untimed", "yes"},
+                               {"framedrop", "no"},
+                               {"rebase-start-time", "no"},
+                               {"vd-lavc-skiploopfilter", "default"}};
     for (const Option &option : ones)
         mpv_set_property_string(m_handle, option.name, option.value);
 }

@@ -44,7 +44,8 @@ public:
 
     // For reading a film picture by picture instead of playing it. They wait for the player, up to as
     // long as it takes to decode a picture.
-    /// No sound, no picture left out, and the times that the file gives; for files loaded later.
+    /// No sound, no picture left out or hastily decoded, and the times that the file gives; for files
+    /// loaded later.
     void setPicturesOnly();
     /// Shows one more picture and pauses again. Returns at once.
     void step();
