@@ -87,4 +87,6 @@ int main(int argc, char **argv)
     measure(stage, "paused and hidden", seconds);
     KestPlay(stage.engine);
     measure(stage, "hidden, the film going on", seconds);
+    KestEditEnd(stage.engine, false);  // as the player does when it is hidden
+    measure(stage, "player hidden", seconds);
 }
