@@ -2,14 +2,16 @@
 // Not here: events made up inside the program; what comes from here went through the display.
 #pragma once
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPixmap>
 #include <QPoint>
 #include <QProcess>
+#include <QScreen>
 #include <QStringList>
 #include <QTest>
 
-/// Input by xdotool. Every call returns when the X server has taken the input; the program under test has still to
-/// react, so assert with QTRY_.
+/// Input by xdotool. Every call returns when the X server has taken the input; the program under test
+/// has still to react, so assert with QTRY_.
 namespace RealInput {
 
 /// What xdotool prints for `arguments`; the test fails when it does not succeed.
@@ -21,6 +23,15 @@ inline QString answer(const QStringList &arguments)
     if (!QTest::qWaitFor(ended, 10000) || xdotool.exitCode() != 0)
         QTest::qFail(qPrintable(arguments.join(QLatin1Char(' '))), __FILE__, __LINE__);
     return QString::fromUtf8(xdotool.readAllStandardOutput());
+}
+
+/// For cleanup(): leaves a picture of the screen beside the test when it has failed.
+inline void keepPictureOfFailure()
+{
+    if (QTest::currentTestFailed()) {
+        const QString name = QString::fromLatin1(QTest::currentTestFunction());
+        QGuiApplication::primaryScreen()->grabWindow(0).save(name + QStringLiteral(".png"));
+    }
 }
 
 inline void moveTo(QPoint place)

@@ -182,6 +182,7 @@ QByteArray tst_PreviewProgram::contents(const QString &name)
 
 void tst_PreviewProgram::cleanup()
 {
+    RealInput::keepPictureOfFailure();
     m_program.kill();
     m_program.waitForFinished();
 }

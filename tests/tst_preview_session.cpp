@@ -164,6 +164,7 @@ void tst_PreviewSession::openWindow(const Options &options)
 
 void tst_PreviewSession::cleanup()
 {
+    RealInput::keepPictureOfFailure();
     m_dialog.reset();
     m_engine.reset();
 }
