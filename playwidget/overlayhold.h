@@ -11,7 +11,8 @@ class QMouseEvent;
 class QWidget;
 
 /// Tells a player what a mouse that rests on the bar would tell it, for as long as a control of the
-/// bar has the focus that keys brought, and lets Tab into a bar that is hidden. Attached from outside. GUI thread only.
+/// bar has the focus that keys brought, and lets Tab into a bar that is hidden. Attached from
+/// outside. GUI thread only.
 class OverlayHold : public QObject
 {
     Q_OBJECT

@@ -4,6 +4,7 @@
 
 #include "playwidget/accessibleplayer.h"
 #include "playwidget/keyboardaccess.h"
+#include "playwidget/palettefollower.h"
 #include "playwidget/playwidget_impl.h"
 
 namespace {
@@ -26,6 +27,7 @@ PlayWidget::PlayWidget(QWidget *parent)
 {
     connect(m_impl, &PlayWidget_Impl::accepted, this, &PlayWidget::accepted);
     connect(m_impl, &PlayWidget_Impl::rejected, this, &PlayWidget::rejected);
+    new PaletteFollower(m_impl);
     new AccessiblePlayer(m_impl);
     setKeyboardAccess(this, true);
 }
