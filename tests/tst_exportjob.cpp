@@ -1,21 +1,13 @@
 // Several films in a row: which, what is told on the way, and the memory they take.
 // Not here: what is in the files (tst_filmexport.cpp).
 #include "clips.h"
+#include "heap.h"
 #include "host/exportjob.h"
 #include "host/mediaengine.h"
 
 #include <QtTest>
 
-#include <malloc.h>
-
 namespace {
-
-/// What the process holds, in bytes; not what the allocator keeps for later, which varies.
-qint64 heldBytes()
-{
-    const struct mallinfo2 info = mallinfo2();
-    return qint64(info.uordblks + info.hblkhd);
-}
 
 bool goOn()
 {
@@ -98,7 +90,7 @@ private Q_SLOTS:
         QVector<qint64> before;  // each film
         run("row", 7, [&before](const ExportState &state) {
             if (state.number > before.size())
-                before.append(heldBytes());
+                before.append(bytesInUse());
         });
         const qint64 grown = before.at(6) - before.at(2);
         qInfo("after 2 films: %lld kB, after 6: %+lld kB", before.at(2) / 1024, grown / 1024);

@@ -3,8 +3,8 @@
 #include "clips.h"
 #include "engine/mpv/stereocomposer.h"
 #include "enginestage.h"
+#include "likeness.h"
 
-#include <cmath>
 #include <csignal>
 #include <thread>
 
@@ -63,22 +63,6 @@ public:
     KestPicture picture = {};
     int code;
 };
-
-/// Of all channels of all pixels, in steps of 255; of pictures of different size infinite.
-double meanDifference(const QImage &one, const QImage &other)
-{
-    if (one.size() != other.size())
-        return HUGE_VAL;
-    qint64 sum = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const QRgb a = one.pixel(x, y), b = other.pixel(x, y);
-            sum += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b))
-                + qAbs(qBlue(a) - qBlue(b));
-        }
-    }
-    return double(sum) / (3.0 * one.width() * one.height());
-}
 
 QVector<qint64> every(qint64 interval, int count, qint64 first = 0)
 {

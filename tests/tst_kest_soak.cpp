@@ -4,13 +4,9 @@
 #include "clips.h"
 #include "engine/mpv/mpvcore.h"
 #include "enginestage.h"
+#include "heap.h"
 
 #include <mpv/render.h>
-
-#include <malloc.h>
-
-// There with a sanitizer's memory, of which mallinfo2() knows nothing.
-extern "C" std::size_t __attribute__((weak)) __sanitizer_get_current_allocated_bytes();
 
 namespace {
 
@@ -21,14 +17,6 @@ int cycleCount()
 {
     const int asked = qEnvironmentVariableIntValue("KEST_SOAK_CYCLES");
     return asked > warmUp ? asked : 100;
-}
-
-qint64 bytesInUse()
-{
-    if (__sanitizer_get_current_allocated_bytes)
-        return qint64(__sanitizer_get_current_allocated_bytes());
-    const auto memory = mallinfo2();
-    return qint64(memory.uordblks + memory.hblkhd);
 }
 
 /// What is in use once the player has let go of its last film, which it does in its own time.

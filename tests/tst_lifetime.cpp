@@ -1,15 +1,11 @@
 // Widgets that come and go while a thread of the engine's sends events: none of them reaches one that
 // is gone, and nothing of it stays. PLAYWIDGET_CYCLES sets how many, where 200 are not enough.
 // Not here: the order in which a host takes things apart (tst_destruction.cpp).
+#include "heap.h"
 #include "widgetfixture.h"
 
 #include <atomic>
 #include <thread>
-
-#include <malloc.h>
-
-// There with a sanitizer's memory, of which mallinfo2() knows nothing.
-extern "C" std::size_t __attribute__((weak)) __sanitizer_get_current_allocated_bytes();
 
 namespace {
 
@@ -20,14 +16,6 @@ int cycleCount()
 {
     const int asked = qEnvironmentVariableIntValue("PLAYWIDGET_CYCLES");
     return asked > warmUp ? asked : 200;
-}
-
-qint64 bytesInUse()
-{
-    if (__sanitizer_get_current_allocated_bytes)
-        return qint64(__sanitizer_get_current_allocated_bytes());
-    const auto memory = mallinfo2();
-    return qint64(memory.uordblks + memory.hblkhd);
 }
 
 /// Sends events of the open edit from a thread of its own, for as long as it lives.

@@ -2,6 +2,7 @@
 // Not here: what goes on inside its window (tst_preview_session.cpp).
 #include "clips.h"
 #include "engine/mpv/stereocomposer.h"
+#include "likeness.h"
 #include "realinput.h"
 
 #include <QDir>
@@ -232,22 +233,6 @@ QImage tst_PreviewProgram::filmFrame(const char *time) const
 static QJsonDocument json(const QByteArray &text)
 {
     return QJsonDocument::fromJson(text);
-}
-
-static double meanDifference(const QImage &a, const QImage &b)
-{
-    if (a.size() != b.size())
-        return 255;
-    qint64 sum = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
-            sum += qAbs(qRed(p) - qRed(q)) + qAbs(qGreen(p) - qGreen(q))
-                + qAbs(qBlue(p) - qBlue(q));
-        }
-    }
-    return double(sum) / (3.0 * a.width() * a.height());
 }
 
 void tst_PreviewProgram::waitForExit(int status)
