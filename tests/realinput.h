@@ -25,6 +25,32 @@ inline QString answer(const QStringList &arguments)
     return QString::fromUtf8(xdotool.readAllStandardOutput());
 }
 
+/// The windows on screen that fit. A window that goes while xdotool looks at it is the end of xdotool;
+/// another one looks again.
+inline QStringList visibleWindows(const QString &by, const QString &what)
+{
+    for (;;) {
+        QProcess xdotool;
+        xdotool.start(QStringLiteral("xdotool"),
+                      {QStringLiteral("search"), QStringLiteral("--onlyvisible"), by, what});
+        xdotool.waitForFinished();
+        if (!xdotool.readAllStandardError().contains("X Error")) {
+            const QString found = QString::fromUtf8(xdotool.readAllStandardOutput());
+            return found.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        }
+    }
+}
+
+/// The one that fits, once there is one.
+inline QString visibleWindow(const QString &by, const QString &what)
+{
+    QStringList found;
+    const auto isThere = [&] { return !(found = visibleWindows(by, what)).isEmpty(); };
+    if (!QTest::qWaitFor(isThere, 10000))
+        QTest::qFail(qPrintable(by + QLatin1Char(' ') + what), __FILE__, __LINE__);
+    return found.value(0);
+}
+
 /// For cleanup(): leaves a picture of the screen beside the test when it has failed.
 inline void keepPictureOfFailure()
 {

@@ -53,8 +53,8 @@ private:
     void placeWindow();
     void moveWindow(QPoint place);
     void answerFileDialog(const char *name, const QString &text) const;
-    QString windowNamed(const char *name) const;
-    static int visibleWindows(const char *name);
+    static QString windowNamed(const char *name);
+    static bool isOpen(const char *name);
     void focusWindow(const char *name) const;
     void chooseRedCyan() const;
     QString store(const QByteArray &settings) const;
@@ -109,16 +109,14 @@ void tst_PreviewProgram::openWindow(const QStringList &arguments)
 
 void tst_PreviewProgram::placeWindow()
 {
-    const QString id = RealInput::answer({QStringLiteral("search"), QStringLiteral("--sync"),
-                                          QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                                          QString::number(m_program.processId())});
-    RealInput::focus(id.trimmed().toULongLong());
+    m_window
+        = RealInput::visibleWindow(QStringLiteral("--pid"), QString::number(m_program.processId()));
+    RealInput::focus(m_window.toULongLong());
     const QString geometry = RealInput::answer(
-        {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id.trimmed()});
+        {QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), m_window});
     const auto number = [&geometry](const QString &key) {
         return geometry.section(key + QLatin1Char('='), 1).section(QLatin1Char('\n'), 0, 0).toInt();
     };
-    m_window = id.trimmed();
     m_origin = {number(QStringLiteral("X")), number(QStringLiteral("Y"))};
     m_size = {number(QStringLiteral("WIDTH")), number(QStringLiteral("HEIGHT"))};
     QCOMPARE(m_size.height(), 585);
@@ -133,22 +131,14 @@ void tst_PreviewProgram::moveWindow(QPoint place)
 }
 
 /// The id of the program's window with this title, once there is one.
-QString tst_PreviewProgram::windowNamed(const char *name) const
+QString tst_PreviewProgram::windowNamed(const char *name)
 {
-    return RealInput::answer({QStringLiteral("search"), QStringLiteral("--sync"),
-                              QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
-                              QString::fromUtf8(name)})
-        .trimmed();
+    return RealInput::visibleWindow(QStringLiteral("--name"), QString::fromUtf8(name));
 }
 
-int tst_PreviewProgram::visibleWindows(const char *name)
+bool tst_PreviewProgram::isOpen(const char *name)
 {
-    QProcess search;
-    search.start(QStringLiteral("xdotool"),
-                 {QStringLiteral("search"), QStringLiteral("--onlyvisible"),
-                  QStringLiteral("--name"), QString::fromUtf8(name)});
-    search.waitForFinished();
-    return search.readAllStandardOutput().count('\n');
+    return !RealInput::visibleWindows(QStringLiteral("--name"), QString::fromUtf8(name)).isEmpty();
 }
 
 // There is no window manager that would do it.
@@ -425,7 +415,7 @@ void tst_PreviewProgram::answerFileDialog(const char *name, const QString &text)
     RealInput::answer({QStringLiteral("type"), text});
     // The first Return may go to the dialog's list of proposals; one that came too many would be the
     // player's OK.
-    const auto closed = [name] { return !visibleWindows(name); };
+    const auto closed = [name] { return !isOpen(name); };
     for (int tries = 0; tries < 3 && !closed(); ++tries) {
         RealInput::key(QStringLiteral("Return"));
         (void)QTest::qWaitFor(closed, 6000);
@@ -510,7 +500,7 @@ void tst_PreviewProgram::closeSummary(const QString &folder) const
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(folder + QStringLiteral("/depth.red-cyan.mkv")), 30000);
     QTest::qWait(500);  // the summary is a moment behind the file
     RealInput::key(QStringLiteral("Return"));
-    QTRY_VERIFY(!visibleWindows("^Export$"));
+    QTRY_VERIFY(!isOpen("^Export$"));
 }
 
 void tst_PreviewProgram::exportsAfterOkAndTellsWhatWasWritten()
