@@ -2,26 +2,26 @@
 // Not here: what a test takes for too long.
 #pragma once
 
+#include "machinetime.h"
+
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 
 #include <utility>
 
 /// Counts the time that the thread worked or slept, not the time that it was ready to work but the
-/// processors were with others: a busy machine makes nobody guilty.
+/// processors were with others or stood: a busy machine makes nobody guilty.
 class Watchdog
 {
 public:
     explicit Watchdog(qint64 &worst)
         : m_worst(worst)
         , m_queuedBefore(queued())
-    {
-        m_time.start();
-    }
+        , m_begin(MachineTime::now())
+    { }
     ~Watchdog()
     {
-        const qint64 held = m_time.nsecsElapsed() - (queued() - m_queuedBefore);
+        const qint64 held = MachineTime::now() - m_begin - (queued() - m_queuedBefore);
         m_worst = qMax(m_worst, held / 1000000);
     }
     Watchdog(const Watchdog &) = delete;
@@ -39,7 +39,7 @@ private:
 
     qint64 &m_worst;
     const qint64 m_queuedBefore;
-    QElapsedTimer m_time;
+    const qint64 m_begin;
 };
 
 /// Watches each event that it hands out, and each call made through watched().
