@@ -3,6 +3,7 @@
 #include "clips.h"
 #include "engine/mpv/stereocomposer.h"
 #include "enginestage.h"
+#include "likeness.h"
 
 namespace {
 
@@ -11,20 +12,6 @@ constexpr QRgb lime = 0xff00ff00;
 constexpr QRgb blue = 0xff0000ff;
 constexpr QRgb white = 0xffffffff;
 constexpr QRgb black = 0xff000000;
-
-/// How far two pictures of one size are apart, as the mean over all channels.
-double difference(const QImage &one, const QImage &other)
-{
-    qint64 sum = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const QRgb a = one.pixel(x, y), b = other.pixel(x, y);
-            sum += qAbs(qRed(a) - qRed(b)) + qAbs(qGreen(a) - qGreen(b))
-                + qAbs(qBlue(a) - qBlue(b));
-        }
-    }
-    return double(sum) / (3.0 * one.width() * one.height());
-}
 
 }  // namespace
 
@@ -324,9 +311,9 @@ private Q_SLOTS:
         const QImage first = reference.grab();
         for (EngineStage *one : {&stage, &reference})
             QCOMPARE(KestSetCurPos(one->engine, 3600), int(KestOk));
-        QTRY_VERIFY(difference(reference.grab(), first) > 3);
-        QTRY_VERIFY2(difference(stage.grab(), reference.grab()) < 1,
-                     qPrintable(QString::number(difference(stage.grab(), reference.grab()))));
+        QTRY_VERIFY(meanDifference(reference.grab(), first) > 3);
+        QTRY_VERIFY2(meanDifference(stage.grab(), reference.grab()) < 1,
+                     qPrintable(QString::number(meanDifference(stage.grab(), reference.grab()))));
     }
 
     void windowsOfAnySizeShowThePicture()
