@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <thread>
-#include <utility>
 
 class tst_EventStorm : public QObject
 {
@@ -24,8 +23,8 @@ private Q_SLOTS:
         });
         qint64 worst = 0, lastTick = MachineTime::now();
         const auto tick = [&] {
-            const qint64 now = MachineTime::now();
-            worst = qMax(worst, (now - std::exchange(lastTick, now)) / 1000000);
+            worst = qMax(worst, MachineTime::millisecondsSince(lastTick));
+            lastTick = MachineTime::now();
         };
         QTimer timer;
         timer.setTimerType(Qt::PreciseTimer);
