@@ -118,6 +118,9 @@ private Q_SLOTS:
         QCOMPARE(framePacking(NalCodec::H264, {255, 255, 255, 255, 6, 45}, 4), flat);
         QCOMPARE(framePacking(NalCodec::H264, {0, 0, 0, 0, 0, 0, 0, 0}, 4), flat);
         QCOMPARE(inH264(Bytes(1000, 255)), flat);
+        // Sums beyond 31 bits, of a length and of a type.
+        QCOMPARE(inH264(Bytes{5} + Bytes(8500000, 255) + Bytes{0, 0, 0}), flat);
+        QCOMPARE(inH264(Bytes(8500000, 255) + Bytes{0, 0, 0}), flat);
         std::mt19937 random(1);
         for (int round = 0; round < 20000; ++round) {
             Bytes noise(random() % 60);

@@ -116,10 +116,11 @@ StereoLayout readMessage(Span message)
     return {packing, false, rightFirst};
 }
 
-/// A number that is the sum of bytes, of which all but the last are 255.
-int takeSum(Span &rest)
+/// A number that is the sum of bytes, of which all but the last are 255. As wide as the picture is
+/// long: millions of such bytes are no message, but a file may hold them.
+std::ptrdiff_t takeSum(Span &rest)
 {
-    int sum = 0;
+    std::ptrdiff_t sum = 0;
     while (rest.size() > 0) {
         const int byte = rest.take();
         sum += byte;
@@ -132,7 +133,7 @@ int takeSum(Span &rest)
 StereoLayout readMessages(Span rest)
 {
     while (rest.size() > 2) {
-        const int type = takeSum(rest);
+        const std::ptrdiff_t type = takeSum(rest);
         const std::ptrdiff_t size = takeSum(rest);
         const Position end = rest.begin + std::min(size, rest.size());
         if (type == framePackingMessage)
