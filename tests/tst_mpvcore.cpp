@@ -6,9 +6,13 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <atomic>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -55,8 +59,15 @@ private Q_SLOTS:
         QVERIFY(MpvCore::open("no-such-output"));
     }
 
+    void opensUnderADecimalComma_data()
+    {
+        QTest::addColumn<QString>("threads");
+        QTest::newRow("alone") << "1";
+        QTest::newRow("in four threads at once") << "4";
+    }
     void opensUnderADecimalComma()
     {
+        QFETCH(QString, threads);
         // A locale of our own, as few machines have one installed.
         QTemporaryDir folder;
         QProcess localedef;
@@ -71,19 +82,40 @@ private Q_SLOTS:
         environment.insert("LSAN_OPTIONS", "detect_leaks=0");  // setlocale() itself leaks
         child.setProcessEnvironment(environment);
         child.setProcessChannelMode(QProcess::MergedChannels);
-        child.start(QCoreApplication::applicationFilePath(), {"open-under-a-decimal-comma"});
+        child.start(QCoreApplication::applicationFilePath(),
+                    {"open-under-a-decimal-comma", threads});
         QVERIFY(child.waitForFinished());
         QCOMPARE(child.readAll(), QByteArray("opened\n"));
     }
 };
 
+/// Whether as many players open, all in the same moment.
+static bool opensInThreads(int threadCount)
+{
+    std::atomic<int> waiting{threadCount};
+    std::atomic<int> opened{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < threadCount; ++i) {
+        threads.emplace_back([&] {
+            for (--waiting; waiting > 0;)
+                std::this_thread::yield();
+            opened += MpvCore::open("null") != nullptr;
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    return opened == threadCount;
+}
+
 /// The part of opensUnderADecimalComma() that needs a process of its own.
-static void openUnderADecimalComma()
+static void openUnderADecimalComma(int threadCount)
 {
     const char *const name = std::setlocale(LC_ALL, "");
     const std::string before = name ? name : "";
     const bool comma = *std::localeconv()->decimal_point == ',';
-    const bool opened = MpvCore::open("null") != nullptr;
+    bool opened = true;
+    for (int round = 0; round < 10; ++round)
+        opened = opensInThreads(threadCount) && opened;
     const bool kept
         = before == std::setlocale(LC_NUMERIC, nullptr) && *std::localeconv()->decimal_point == ',';
     std::puts(!comma ? "no comma" : !opened ? "not opened" : !kept ? "locale changed" : "opened");
@@ -91,8 +123,8 @@ static void openUnderADecimalComma()
 
 int main(int argc, char *argv[])
 {
-    if (argc == 2 && !std::strcmp(argv[1], "open-under-a-decimal-comma")) {
-        openUnderADecimalComma();
+    if (argc == 3 && !std::strcmp(argv[1], "open-under-a-decimal-comma")) {
+        openUnderADecimalComma(std::atoi(argv[2]));
         return 0;
     }
     QCoreApplication application(argc, argv);

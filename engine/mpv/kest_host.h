@@ -47,10 +47,10 @@ enum KestStereoLayout {
 };
 
 enum KestStreamKind {
-    KestStreamPicture = 0,
+    KestStreamPicture = 0,  ///< moving pictures that can be decoded
     KestStreamSound = 1,
     KestStreamSubtitles = 2,
-    KestStreamOther = 3
+    KestStreamOther = 3  ///< anything else, the picture on a record's cover too
 };
 
 /// One stream of a file, as KestGetMediaInfo hands it out: 64 bytes.
@@ -91,7 +91,8 @@ extern "C" {
 /// "null" plays without sound. Where an output is missing, films play without sound.
 /// The callbacks of all edits are entered on this thread, from its event loop or from KestEditBegin;
 /// they may call any function, also one that ends the edit or closes the engine.
-/// While the player is made the process's LC_NUMERIC is "C" for a moment, unless it is already.
+/// While the player is made, here and in KestReaderOpen, the process's LC_NUMERIC is "C" for a moment,
+/// unless it is already.
 KEST_EXPORT void *KestOpen(const char *audioOutput);
 
 /// Ends an open edit without save, stops everything and frees the engine. It waits until a read that

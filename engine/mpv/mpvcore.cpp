@@ -4,6 +4,7 @@
 
 #include <clocale>
 #include <locale.h>
+#include <mutex>
 
 namespace {
 
@@ -85,9 +86,11 @@ private:
 };
 
 /// mpv_create() asks for the process's locale, not the thread's, and refuses most but "C". Only for
-/// that moment it is changed, and only where it differs.
+/// that moment it is changed, and only where it differs; one thread at a time.
 mpv_handle *createHandle()
 {
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
     const std::string before = std::setlocale(LC_NUMERIC, nullptr);
     if (before == "C")
         return mpv_create();
