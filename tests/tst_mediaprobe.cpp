@@ -15,12 +15,12 @@ Q_DECLARE_METATYPE(StereoLayout)
 
 namespace {
 
-MediaFacts probe(const QString &path)
+ProbedFile probe(const QString &path)
 {
     return probeMedia(path.toStdString());
 }
 
-const KestStreamInfo *first(const MediaFacts &facts, int kind)
+const KestStreamInfo *first(const ProbedFile &facts, int kind)
 {
     for (const KestStreamInfo &info : facts.streams)
         if (info.kind == kind)
@@ -46,7 +46,7 @@ private Q_SLOTS:
 
     void tellsDurationAndStreamsOfAFilm()
     {
-        const MediaFacts facts = probe(m_film);
+        const ProbedFile facts = probe(m_film);
         QCOMPARE(facts.code, int(KestOk));
         QVERIFY2(qAbs(facts.duration - 2000) <= 30, qPrintable(QString::number(facts.duration)));
         QCOMPARE(facts.streams.size(), std::size_t(2));
@@ -70,14 +70,14 @@ private Q_SLOTS:
         const QString wide = m_clips.make("wide.mkv",
                                           "-f lavfi -i testsrc=s=64x48:r=25:d=1 -vf "
                                           "setsar=2 -c:v ffv1");
-        const MediaFacts anamorphic = probe(wide);
+        const ProbedFile anamorphic = probe(wide);
         QCOMPARE(anamorphic.shape.size, QSizeF(128, 48));
         QCOMPARE(first(anamorphic, KestStreamPicture)->aspectNumerator, 2);
 
         // ffmpeg counts this one the other way round.
         const QString turned
             = m_clips.make("turned.mp4", "-i film.mp4 -c copy -metadata:s:v:0 rotate=270");
-        const MediaFacts facts = probe(turned);
+        const ProbedFile facts = probe(turned);
         QCOMPARE(facts.shape.rotation, 90);
         QCOMPARE(facts.shape.upright(), QSizeF(48, 64));
         QCOMPARE(first(facts, KestStreamPicture)->rotation, 90);
@@ -89,7 +89,7 @@ private Q_SLOTS:
         const int header = film.indexOf("tkhd");
         QVERIFY(header > 0);
         film.replace(header + 44, 36, QByteArray(36, 0));
-        const MediaFacts facts = probe(m_clips.write("nowhere.mp4", film));
+        const ProbedFile facts = probe(m_clips.write("nowhere.mp4", film));
         QCOMPARE(facts.code, int(KestOk));
         QCOMPARE(facts.shape.rotation, 0);
     }
@@ -112,7 +112,7 @@ private Q_SLOTS:
     {
         QFETCH(const QString, tag);
         QFETCH(const StereoLayout, layout);
-        const MediaFacts facts
+        const ProbedFile facts
             = probe(m_clips.make("packed.mkv",
                                  "-f lavfi -i color=s=160x90:r=25:d=0.2 -c:v ffv1 -metadata:s:v "
                                  "stereo_mode="
@@ -159,9 +159,12 @@ private Q_SLOTS:
         const QString song = m_clips.make("song.mp3",
                                           "-f lavfi -i sine=d=1 -i cover.png -map 0 "
                                           "-map 1 -c:v copy -disposition:v attached_pic");
-        const MediaFacts facts = probe(song);
+        const ProbedFile facts = probe(song);
         QCOMPARE(facts.code, int(KestOk));
         QVERIFY(facts.shape.size.isEmpty());
+        QCOMPARE(facts.streams.size(), size_t(2));
+        QVERIFY(first(facts, KestStreamSound));
+        QVERIFY(first(facts, KestStreamOther));
         QVERIFY(qAbs(facts.duration - 1000) < 60);
     }
 
@@ -169,7 +172,7 @@ private Q_SLOTS:
     {
         const QString raw
             = m_clips.make("raw.h264", "-f lavfi -i testsrc=s=64x48:r=25:d=1 -c:v libx264 -f h264");
-        const MediaFacts facts = probe(raw);
+        const ProbedFile facts = probe(raw);
         QCOMPARE(facts.code, int(KestOk));
         QCOMPARE(facts.duration, 0LL);
     }
@@ -228,7 +231,7 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, content);
         // The suffix of a film must not make one.
-        const MediaFacts facts = probe(m_clips.write("text.mp4", content));
+        const ProbedFile facts = probe(m_clips.write("text.mp4", content));
         QCOMPARE(facts.code, int(KestErrorNotMedia));
         QCOMPARE(facts.streams.size(), std::size_t(0));
     }

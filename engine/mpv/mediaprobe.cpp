@@ -179,20 +179,6 @@ FormatPointer openFormat(Source &source, const IoPointer &io)
     return opened;
 }
 
-int kindOf(const AVStream &stream)
-{
-    switch (stream.codecpar->codec_type) {
-    case AVMEDIA_TYPE_VIDEO:
-        return KestStreamPicture;
-    case AVMEDIA_TYPE_AUDIO:
-        return KestStreamSound;
-    case AVMEDIA_TYPE_SUBTITLE:
-        return KestStreamSubtitles;
-    default:
-        return KestStreamOther;
-    }
-}
-
 bool canBeDecoded(const AVStream &stream)
 {
     const AVCodecParameters &codec = *stream.codecpar;
@@ -203,13 +189,27 @@ bool canBeDecoded(const AVStream &stream)
 
 bool isMovingPicture(const AVStream &stream)
 {
-    return kindOf(stream) == KestStreamPicture
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO
         && !(stream.disposition & AV_DISPOSITION_ATTACHED_PIC) && canBeDecoded(stream);
 }
 
 bool isSound(const AVStream &stream)
 {
-    return kindOf(stream) == KestStreamSound && canBeDecoded(stream);
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_AUDIO && canBeDecoded(stream);
+}
+
+int kindOf(const AVStream &stream)
+{
+    switch (stream.codecpar->codec_type) {
+    case AVMEDIA_TYPE_VIDEO:
+        return isMovingPicture(stream) ? KestStreamPicture : KestStreamOther;
+    case AVMEDIA_TYPE_AUDIO:
+        return KestStreamSound;
+    case AVMEDIA_TYPE_SUBTITLE:
+        return KestStreamSubtitles;
+    default:
+        return KestStreamOther;
+    }
 }
 
 /// Degrees clockwise; a file may say any angle, and the nearest upright one is taken.
@@ -251,9 +251,8 @@ KestStreamInfo describe(AVFormatContext &format, AVStream &stream)
         info.sampleRate = codec.sample_rate;
         info.channels = codec.ch_layout.nb_channels;
     }
-    info.duration = stream.duration == AV_NOPTS_VALUE
-        ? -1
-        : av_rescale_q(stream.duration, stream.time_base, {1, 1000});
+    info.duration
+        = stream.duration < 0 ? -1 : av_rescale_q(stream.duration, stream.time_base, {1, 1000});
     std::strncpy(info.codec, avcodec_get_name(codec.codec_id), sizeof info.codec - 1);
     return info;
 }
@@ -319,9 +318,14 @@ long long durationOf(const AVFormatContext &format, const std::vector<KestStream
     return longest;
 }
 
-MediaFacts factsOf(AVFormatContext &format)
+ProbedFile failure(int code)
 {
-    MediaFacts facts;
+    return {code, 0, {}, {}};
+}
+
+ProbedFile factsOf(AVFormatContext &format)
+{
+    ProbedFile facts;
     facts.code = KestErrorNotMedia;
     for (unsigned i = 0; i < format.nb_streams; ++i) {
         AVStream &stream = *format.streams[i];
@@ -330,7 +334,7 @@ MediaFacts factsOf(AVFormatContext &format)
             facts.code = KestOk;
     }
     if (facts.code != KestOk)
-        return {KestErrorNotMedia, 0, {}, {}};
+        return failure(KestErrorNotMedia);
     facts.duration = durationOf(format, facts.streams);
     const int best = av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     if (best >= 0 && isMovingPicture(*format.streams[best]))
@@ -338,14 +342,9 @@ MediaFacts factsOf(AVFormatContext &format)
     return facts;
 }
 
-MediaFacts failure(int code)
-{
-    return {code, 0, {}, {}};
-}
-
 }  // namespace
 
-MediaFacts probeMedia(const std::string &path)
+ProbedFile probeMedia(const std::string &path)
 {
     Source source(path);
     if (source.code() != KestOk)
@@ -370,7 +369,7 @@ MediaProbe::Stamp MediaProbe::stampOf(const std::string &path)
             status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
-MediaFacts &MediaProbe::facts(int fileId, const std::string &path)
+ProbedFile &MediaProbe::facts(int fileId, const std::string &path)
 {
     const Stamp now = stampOf(path);
     const auto found = m_entries.find(fileId);

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-struct MediaFacts
+struct ProbedFile
 {
     int code = KestErrorNotFound;  ///< KestOk: it can be played; the rest is empty otherwise
     long long duration = 0;        ///< ms; 0 when the file does not say
@@ -22,14 +22,14 @@ struct MediaFacts
 /// Examines one file, for no longer than KestProbeMilliseconds but for a system call that blocks.
 /// Opens that file and no other, whatever it refers to. A container counts as media when it has a
 /// moving picture or a sound that can be decoded; play lists, subtitles and still pictures do not.
-MediaFacts probeMedia(const std::string &path);
+ProbedFile probeMedia(const std::string &path);
 
 /// Remembers what probeMedia() said, by file id.
 class MediaProbe
 {
 public:
     /// The reference is good until the file has changed or is forgotten.
-    MediaFacts &facts(int fileId, const std::string &path);
+    ProbedFile &facts(int fileId, const std::string &path);
     void forget(int fileId);
 
 private:
@@ -40,7 +40,7 @@ private:
     {
         std::string path;
         Stamp stamp;
-        MediaFacts facts;
+        ProbedFile facts;
     };
 
     static Stamp stampOf(const std::string &path);

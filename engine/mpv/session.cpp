@@ -82,7 +82,7 @@ int Session::duration(int fileId, long long *milliseconds)
     const auto file = m_files.find(fileId);
     if (file == m_files.end())
         return KestErrorFileId;
-    const MediaFacts &facts = m_probe.facts(fileId, file->second.path);
+    const ProbedFile &facts = m_probe.facts(fileId, file->second.path);
     if (facts.code == KestOk)
         *milliseconds = facts.duration;
     return facts.code;
@@ -93,14 +93,14 @@ int Session::mediaInfo(int fileId, void **records)
     const auto file = m_files.find(fileId);
     if (file == m_files.end())
         return KestErrorFileId;
-    MediaFacts &facts = m_probe.facts(fileId, file->second.path);
+    ProbedFile &facts = m_probe.facts(fileId, file->second.path);
     if (facts.code != KestOk)
         return facts.code;
     *records = facts.streams.data();
     return int(facts.streams.size());
 }
 
-PictureShape Session::shapeOf(const File &file, const MediaFacts &facts)
+PictureShape Session::shapeOf(const File &file, const ProbedFile &facts)
 {
     PictureShape shape = facts.shape;
     shape.layout = file.layout.value_or(shape.layout);
@@ -113,7 +113,7 @@ int Session::film(int fileId, FilmReader::Film *film)
     const auto file = m_files.find(fileId);
     if (file == m_files.end())
         return KestErrorFileId;
-    const MediaFacts &facts = m_probe.facts(fileId, file->second.path);
+    const ProbedFile &facts = m_probe.facts(fileId, file->second.path);
     if (facts.code != KestOk)
         return facts.code;
     if (facts.shape.size.isEmpty())

@@ -81,7 +81,7 @@ private:
         quint64 serial;
         int fileId;
         File file;
-        MediaFacts facts;
+        ProbedFile facts;
         KestEventCallback callback;
         void *userData;
         bool playing = false;
@@ -114,7 +114,7 @@ private:
     int editCode() const;
     bool playerHasEdit() const;
     PictureShape shape() const;
-    static PictureShape shapeOf(const File &file, const MediaFacts &facts);
+    static PictureShape shapeOf(const File &file, const ProbedFile &facts);
     void showIn(CVideoWnd *window);
     void dropEdit(bool save);
     void advance();
