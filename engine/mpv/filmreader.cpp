@@ -8,6 +8,8 @@
 #include <chrono>
 #include <cmath>
 
+constexpr int longestSide = 16384;  // pixels; what a file says of its shape may be anything
+
 static bool tellsTheEnd(const mpv_event &event)
 {
     if (event.event_id != MPV_EVENT_PROPERTY_CHANGE || event.reply_userdata != MpvCore::AtEnd)
@@ -126,6 +128,8 @@ int FilmReader::take(Picture &picture)
 QSize FilmReader::fullSize()
 {
     const bool flat = m_shape.layout.packing == StereoLayout::Flat;
-    const QSize size = flat ? m_core->displaySize() : m_shape.size.toSize();
-    return m_shape.rotation % 180 ? size.transposed() : size;
+    const QSizeF size = flat ? QSizeF(m_core->displaySize()) : m_shape.size;
+    if (size.width() > longestSide || size.height() > longestSide)
+        return {};
+    return (m_shape.rotation % 180 ? size.transposed() : size).toSize();
 }
