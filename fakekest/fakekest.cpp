@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QPointer>
 #include <QThread>
 #include <QTimer>
 
@@ -34,6 +35,7 @@ struct Record
     QHash<int, Setting> keptFilters;
     std::optional<Setting> editFilter;
     EditBeginParams params = {};
+    QPointer<CVideoWnd> window;  // of the edit, as long as it is there
     tagKestFilterInfo added = {};
     void *engine = nullptr;
 };
@@ -210,9 +212,11 @@ int FakeKest::sendEvent(int eventType, int state, unsigned int time)
 void FakeKest::sendEventLater(int ms, int eventType, int state, unsigned int time)
 {
     const EditBeginParams edit = record().params;
-    QObject *context = edit.firstWindow;
+    QObject *context = QCoreApplication::instance();
+    if (edit.firstWindow)
+        context = record().window;
     if (!context)
-        context = QCoreApplication::instance();
+        return;
     QTimer::singleShot(ms, context, [=] { (void)callBack(edit, {eventType, state, time}); });
 }
 
@@ -306,8 +310,10 @@ int KestGetMediaInfo(void *engine, int fileId, void **records)
 
 int KestEditBegin(void *engine, EditBeginParams *params)
 {
-    if (params)
+    if (params) {
         record().params = *params;
+        record().window = params->firstWindow;
+    }
     return answerWith(params, engine, "KestEditBegin",
                       params ? QString::number(params->fileId) : quoted(nullptr));
 }

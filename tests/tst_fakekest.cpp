@@ -391,6 +391,7 @@ void tst_FakeKest::dropsALateEventWhenTheWindowIsGone()
         KestEditBegin(engine, &edit);
         fake.sendEventLater(0, 0, 7, 1);
     }
+    fake.sendEventLater(0, 0, 7, 1);
     EditBeginParams edit = editOf(2, &kept);
     KestEditBegin(engine, &edit);
     fake.sendEventLater(1, 0, 7, 2);
