@@ -98,7 +98,7 @@ extern "C" {
 
 /// Starts the open edit, or resumes it after KestPause. Tells at once when the file cannot be
 /// played: missing, empty, unreadable, not a media file. After the end of the film it starts over,
-/// unless a KestSetCurPos has left the end.
+/// unless a KestSetCurPos has come since.
 KEST_EXPORT int KestPlay(void *engine);
 
 /// Pauses the open edit at the current picture.
@@ -116,7 +116,8 @@ KEST_EXPORT int KestChangeVolume(void *engine, int volume);
 KEST_EXPORT int KestGetMediaDuration(void *engine, int fileId, long long *duration);
 
 /// Writes the address of the file's media-information records, 64 bytes each, to `records` and
-/// returns their count; a negative value is the code of a failure. The engine owns the records.
+/// returns their count; a negative value is the code of a failure. The engine owns the records, which
+/// live until the next call that names the file.
 KEST_EXPORT int KestGetMediaInfo(void *engine, int fileId, void **records);
 
 /// Opens an edit of one file, rendered into a window, and reports its events to the callback from

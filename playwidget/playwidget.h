@@ -100,7 +100,9 @@ public:
     bool movie3DPropsByFileID(int fileId, bool &changed, int &mode, double &depth) const;
 
     /// What the engine refused since the widget was created, one line each, oldest first, separated
-    /// by "\r\n"; empty when it refused nothing. Reading does not empty it.
+    /// by "\r\n"; empty when it refused nothing. Lines come of starting an item, pausing, ending an
+    /// edit and setting a 3D filter; what else an engine answers is not looked at. Reading does not
+    /// empty it.
     QString errorString() const;
 
     /// The size to give the widget: 702 x 585 pixels.
