@@ -290,6 +290,24 @@ private Q_SLOTS:
         QVERIFY(!film.reader);
     }
 
+    void aFilmOfAbsurdShapeIsNotRead_data()
+    {
+        QTest::addColumn<QString>("options");
+        QTest::newRow("flat") << "";
+        QTest::newRow("two views") << "-metadata:s:v:0 stereo_mode=left_right";
+    }
+    void aFilmOfAbsurdShapeIsNotRead()
+    {
+        QFETCH(QString, options);
+        // Of pixels as wide as half a thousand.
+        const QString file = make(QStringLiteral("%1.mkv").arg(QTest::currentDataTag()),
+                                  "-vf setsar=512/1:max=512 " + options);
+        Reading film(file);
+        QCOMPARE(film.code, int(KestOk));
+        QVERIFY(!film.next());
+        QCOMPARE(film.code, int(KestErrorPlayer));
+    }
+
     void endsWhereATruncatedFileEnds()
     {
         const QByteArray whole = Clips::read(m_colours);
