@@ -194,6 +194,7 @@ private:
     bool filterVideoEvent(QEvent *event);
     void showOverlay();
     void hideOverlay();
+    void releaseTrackers();
     void paintMusicPicture(QPaintEvent *event);
 
     // playwidget_impl_skin.cpp

@@ -51,8 +51,9 @@ bool PlayWidget_Impl::filterVideoEvent(QEvent *event)
         return true;
     case QEvent::Leave:
         mouseInVideo = false;
-        mouseDetectTimer->stop();
         hideOverlay();
+        mouseDetectTimer->stop();
+        releaseTrackers();
         return true;
     case QEvent::Paint:
         if (currentAudioOnly)
@@ -72,8 +73,10 @@ void PlayWidget_Impl::mouseDetectTimerTimeOut()
         idleTicks = 0;
         return;
     }
-    if (++idleTicks >= ticksUntilHidden)
-        hideOverlay();
+    if (++idleTicks < ticksUntilHidden)
+        return;
+    hideOverlay();
+    releaseTrackers();
 }
 
 void PlayWidget_Impl::showOverlay()
@@ -82,11 +85,15 @@ void PlayWidget_Impl::showOverlay()
     ui.lblFileName->setVisible(true);
 }
 
-// A bar that cannot be seen must not be dragged either.
 void PlayWidget_Impl::hideOverlay()
 {
     ui.panPlayControl->setVisible(false);
     ui.lblFileName->setVisible(false);
+}
+
+// A bar that cannot be seen must not be dragged either.
+void PlayWidget_Impl::releaseTrackers()
+{
     ui.playTracker->sliderLeaveEvent();
     ui.volumeTracker->setMoveState(false);
 }

@@ -33,7 +33,7 @@ void PlayWidget_Impl::playUpdateTimerTimeOut()
     if (trackerPressed)
         return;
     // Without a length there is no share of it: the slider rests at the left.
-    const long long share = duration > 0 ? times(position, perMille) / duration : 0;
+    const long long share = duration ? times(position, perMille) / duration : 0;
     ui.playTracker->setValue(static_cast<int>(share));
 }
 

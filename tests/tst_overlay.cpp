@@ -81,13 +81,15 @@ public:
         impl.ui.videoWnd->installEventFilter(this);
     }
 
+    bool taken = false;  // whether the window's own painting was left out
+
 private:
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() != QEvent::Paint)
             return false;
         QPaintEvent part(m_part);
-        return m_impl.eventFilter(watched, &part);
+        return taken = m_impl.eventFilter(watched, &part);
     }
 
     PlayWidget_Impl &m_impl;
@@ -129,6 +131,7 @@ private Q_SLOTS:
     void showsOnARealMouseMove();
     void hidesAtOnceWhenTheMouseLeaves();
     void leavingEndsTheSlidersDrags();
+    void leavingHidesThenStopsTheTimerThenSeeks();
     void leavingEndsASeek();
     void leavingWithoutADragSeeksNothing();
     void hidesOnTheFifthIdleTick();
@@ -238,6 +241,28 @@ void tst_Overlay::leavingEndsTheSlidersDrags()
     QCOMPARE(volumeReleased.count(), 0);
     QCOMPARE(player.ui.volumeTracker->state, ImageTracker::Down);
     QVERIFY(!player.ui.volumeTracker->moveState);
+}
+
+void tst_Overlay::leavingHidesThenStopsTheTimerThenSeeks()
+{
+    Watched player;
+    player.widget->show();
+    player.enter();
+    const auto standing = [&player] {
+        return QStringLiteral("%1, timer %2")
+            .arg(player.overlay(), player.impl.mouseDetectTimer->isActive() ? "on" : "off");
+    };
+    const NoteOnEvent bar(player.ui.panPlayControl, QEvent::Hide, standing);
+    const NoteOnEvent name(player.ui.lblFileName, QEvent::Hide, standing);
+    connect(player.ui.playTracker, &ImageTracker::sliderReleased, &player.impl,
+            [&] { player.engine.note(standing()); });
+    player.leave();
+    QCOMPARE(player.calls(),
+             QStringList({"name, timer on", "nothing, timer on", "nothing, timer off"}));
+    player.enter();
+    player.idle(5);
+    QCOMPARE(player.calls(),
+             QStringList({"name, timer on", "nothing, timer on", "nothing, timer on"}));
 }
 
 void tst_Overlay::leavingEndsASeek()
@@ -495,6 +520,10 @@ void tst_Overlay::paintsWithinTheEventsRegion()
     player.play(3);
     const PaintsAPart filter(player.impl, QRect(90, 150, 30, 40));
     QCOMPARE(player.picture(), QRect(100, 160, 20, 30));
+    QVERIFY(filter.taken);
+    player.play(0);
+    QVERIFY(player.picture().isNull());
+    QVERIFY(!filter.taken);
 }
 
 // Below the overlay's own window, through the backing store.
@@ -534,11 +563,14 @@ void tst_Overlay::leavesTheKeypadsEnterToTheSpinBox()
 void tst_Overlay::filtersReturnPressesOnly()
 {
     Watched player;
-    const auto takes = [&player](QEvent::Type type, int key) {
-        QKeyEvent event(type, key, Qt::NoModifier);
-        return player.impl.eventFilter(player.ui.edt3DPos, &event);
-    };
+    const auto takes
+        = [&player](QEvent::Type type, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+              QKeyEvent event(type, key, modifiers);
+              return player.impl.eventFilter(player.ui.edt3DPos, &event);
+          };
     QVERIFY(takes(QEvent::KeyPress, Qt::Key_Return));
+    QVERIFY(takes(QEvent::KeyPress, Qt::Key_Return, Qt::ShiftModifier));
+    QVERIFY(takes(QEvent::KeyPress, Qt::Key_Return, Qt::ControlModifier));
     QVERIFY(!takes(QEvent::KeyRelease, Qt::Key_Return));
     QVERIFY(!takes(QEvent::ShortcutOverride, Qt::Key_Return));
     for (const auto key : {Qt::Key_Enter, Qt::Key_Escape, Qt::Key_5, Qt::Key_Up})

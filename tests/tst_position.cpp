@@ -46,6 +46,7 @@ private Q_SLOTS:
     void aTickShowsTheTimesAndTheShare_data();
     void aTickShowsTheTimesAndTheShare();
     void aTickPastTheEndStops();
+    void aTickPastTheEndStopsWhatIsPaused();
     void theClockTicksEveryHalfSecond();
     void theTimesStayWhenItPauses();
     void theSliderStaysUnderThePointer();
@@ -55,6 +56,7 @@ private Q_SLOTS:
     void releasingSeeksWhilePaused();
     void releasingWithoutAPressDoesNothing();
     void releasingWhileStoppedKeepsThePress();
+    void aPressOutlivesTheEndOfItsItem();
     void releasingPastTheEndStops();
     void ignoresWhatASeekReturns();
     void clickingTheGrooveSeeksThere();
@@ -103,7 +105,8 @@ void tst_Position::aTickShowsTheTimesAndTheShare_data()
         {"the longest, at its end", Long::max(), Long::max(), "2562047788015:12:55 -00:00:00", 0},
         {"both ends of the numbers", Long::max(), Long::min(), "-2562047788015:-12:-55 -00:00:00",
          0},
-        {"a negative length", -1000, -5000, "00:00:-5 -00:00:04", 0},
+        {"a negative length, at its end", -1000, -1000, "00:00:-1 -00:00:00", 1000},
+        {"a negative length, before", -1000, -5000, "00:00:-5 -00:00:04", moved},
     };
     for (const auto &row : rows)
         QTest::newRow(row.name) << row.duration << row.position << QString(row.times) << row.share;
@@ -137,6 +140,16 @@ void tst_Position::aTickPastTheEndStops()
     QCOMPARE(player.calls(), Player::stopCalls(true));
     QCOMPARE(times(player), QString("00:01:00 -00:00:00"));
     QCOMPARE(player.ui.playTracker->getValue(), 0);
+}
+
+void tst_Position::aTickPastTheEndStopsWhatIsPaused()
+{
+    Player player;
+    player.play();
+    player.pause();
+    player.report(3, 60001);
+    Player::tick(player.impl.playUpdateTimer);
+    QCOMPARE(player.calls(), Player::stopCalls(true));
 }
 
 void tst_Position::theClockTicksEveryHalfSecond()
@@ -202,6 +215,7 @@ void tst_Position::releasingSeeks_data()
         {"cut, not rounded", 1999, 500, 999, 999, "00:00:00 -00:00:01", 499},
         {"past 32 bits", 9000000000, 500, 4500000000, 205032704, "1250:00:00 -1250:00:00", 500},
         {"no length", 0, 500, 0, 0, "00:00:00 -00:00:00", 0},
+        {"a negative length", -1000, 1000, -1000, 4294966296, "00:00:-1 -00:00:00", 1000},
         {"the longest", Long::max(), 500, 0, 0, "00:00:00 -2562047788015:12:55", 0},
         {"the longest, to its end", Long::max(), 1000, -1, 4294967295,
          "00:00:00 --2562047788015:-12:-55", 0},
@@ -268,6 +282,21 @@ void tst_Position::releasingWhileStoppedKeepsThePress()
     player.releasePlayTracker(500);
     QCOMPARE(player.calls(), QStringList{"KestSetCurPos(30000)"});
     QVERIFY(!player.impl.trackerPressed);
+}
+
+// The user still holds the slider; until it seeks, no item moves it.
+void tst_Position::aPressOutlivesTheEndOfItsItem()
+{
+    Player player;
+    player.play(0);
+    player.pressPlayTracker();
+    player.impl.stopVideo(true);
+    QVERIFY(player.impl.trackerPressed);
+    player.play(1);
+    player.ui.playTracker->setValue(moved);
+    player.report(3, 30000);
+    Player::tick(player.impl.playUpdateTimer);
+    QCOMPARE(player.ui.playTracker->getValue(), moved);
 }
 
 // A handle of an odd width can be dragged a little past the maximum.
@@ -340,6 +369,8 @@ void tst_Position::theEndButtonsSetTheVolumeOnce()
     player.pause();
     player.ui.btnVolumeRight->click();
     QCOMPARE(player.calls(), QStringList{"KestChangeVolume(200)"});
+    player.ui.btnVolumeLeft->click();
+    QCOMPARE(player.calls(), QStringList{"KestChangeVolume(0)"});
 }
 
 void tst_Position::theEndButtonsMoveTheSliderWhileStopped()

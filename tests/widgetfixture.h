@@ -1,5 +1,5 @@
-// Player: the facade, what is behind it and the recording engine, fresh for every test.
-// Not here: any test.
+// Player: the facade, what is behind it and the recording engine, fresh for every test; and a note
+// of what happens between the engine's calls. Not here: any test.
 #pragma once
 
 #include "fakekest/fakekest.h"
@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 /// For init() of a test class: from here on, a warning that the test did not announce fails it. What
@@ -95,4 +96,28 @@ struct Player
     std::unique_ptr<PlayWidget> widget;
     PlayWidget_Impl &impl;
     Ui_PlayWidget_Impl &ui;
+};
+
+/// Puts a line into the engine's log each time `widget` gets an event of the type, before the widget
+/// itself sees it, so that a test reads what else holds at that moment.
+class NoteOnEvent : public QObject
+{
+public:
+    NoteOnEvent(QWidget *widget, QEvent::Type type, std::function<QString()> line)
+        : m_type(type)
+        , m_line(std::move(line))
+    {
+        widget->installEventFilter(this);
+    }
+
+private:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == m_type)
+            FakeKest::instance().note(m_line());
+        return false;
+    }
+
+    const QEvent::Type m_type;
+    const std::function<QString()> m_line;
 };
