@@ -20,6 +20,7 @@ private Q_SLOTS:
     void wordsAFailedFunction();
     void wordsACodeAsASignedDecimalNumber_data();
     void wordsACodeAsASignedDecimalNumber();
+    void fillsInTheNameBeforeTheCode();
     void wordsAMissingFile();
     void keepsTheOrderAndRepeats();
 };
@@ -78,6 +79,17 @@ void tst_ErrorList::wordsACodeAsASignedDecimalNumber()
     errors.addFunctionErrorWithCode("KestPause", code);
     QLocale::setDefault(before);
     QCOMPARE(errors, QStringList{line});
+}
+
+// So a name that looks like a placeholder takes the code.
+void tst_ErrorList::fillsInTheNameBeforeTheCode()
+{
+    ErrorList errors;
+    errors.addFunctionErrorWithCode("%2", 5);
+    errors.addFunctionErrorWithCode("%1", 5);
+    QCOMPARE(errors,
+             QStringList(
+                 {"ERROR: 5 function failed. [Code: 5]", "ERROR: 5 function failed. [Code: %2]"}));
 }
 
 void tst_ErrorList::wordsAMissingFile()

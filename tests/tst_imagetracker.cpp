@@ -13,6 +13,7 @@
 
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -179,6 +180,8 @@ private Q_SLOTS:
     void dragShowsOnOnlyOverTheHandle();
     void moveWithoutDragOnlyHovers();
 
+    void isAsItSaysWhenItSaysSo();
+    void dragsOnFromWithinASlot();
     void releaseEndsTheDrag();
     void otherButtonsReleaseWithoutEndingTheDrag();
 
@@ -598,6 +601,57 @@ void tst_ImageTracker::moveWithoutDragOnlyHovers()
     QVERIFY(stage.isNormal());
     QVERIFY(stage.repaints([&] { stage.move(15, 14); }));
     QCOMPARE(stage.emitted, QStringList());
+}
+
+void tst_ImageTracker::isAsItSaysWhenItSaysSo()
+{
+    Stage stage(play);
+    QStringList seen;
+    const auto see = [&](const char *signal) {
+        seen << QStringLiteral("%1: %2 at %3, %4")
+                    .arg(signal)
+                    .arg(stage.tracker.getValue())
+                    .arg(stage.handle().left())
+                    .arg(stage.isOn() ? "on" : "normal");
+    };
+    connect(&stage.tracker, &ImageTracker::valueChanged, &stage, [&] { see("moved"); });
+    connect(&stage.tracker, &ImageTracker::sliderPressed, &stage, [&] { see("pressed"); });
+    connect(&stage.tracker, &ImageTracker::sliderReleased, &stage, [&] { see("released"); });
+    stage.press(120);
+    QCOMPARE(std::exchange(seen, {}),
+             QStringList({"moved: 502 at 113, normal", "pressed: 502 at 113, normal"}));
+    stage.press(120);
+    stage.move(130);
+    stage.release(200);
+    QCOMPARE(seen,
+             QStringList({"pressed: 502 at 113, on", "moved: 546 at 123, on",
+                          "released: 546 at 123, normal"}));
+    seen.clear();
+    stage.press(130);
+    stage.tracker.sliderLeaveEvent();
+    QCOMPARE(seen, QStringList({"pressed: 546 at 123, on", "released: 546 at 123, normal"}));
+}
+
+// A slot may open a dialog, whose event loop brings further moves.
+void tst_ImageTracker::dragsOnFromWithinASlot()
+{
+    Stage stage(play);
+    connect(&stage.tracker, &ImageTracker::sliderPressed, &stage, [&] { stage.move(16); });
+    connect(&stage.tracker, &ImageTracker::valueChanged, &stage, [&](int value) {
+        if (value == 80)
+            stage.move(34);
+    });
+    connect(&stage.tracker, &ImageTracker::sliderReleased, &stage, [&] { stage.move(200); });
+    stage.press(7);
+    QCOMPARE(stage.takeEmitted(), QStringList({"pressed", "value 40"}));
+    stage.move(25);
+    QCOMPARE(stage.takeEmitted(), QStringList({"value 80", "value 120"}));
+    stage.release(34);
+    QCOMPARE(stage.takeEmitted(), QStringList({"released"}));
+    stage.press(34);
+    stage.takeEmitted();
+    stage.tracker.sliderLeaveEvent();
+    QCOMPARE(stage.emitted, QStringList({"released"}));
 }
 
 void tst_ImageTracker::releaseEndsTheDrag()

@@ -114,6 +114,8 @@ private Q_SLOTS:
 
     void showsTheHandleOfTheState_data();
     void showsTheHandleOfTheState();
+    void hasNoImageOfItsOwnForAPress();
+    void paintsWithoutReadingFiles();
     void showsTheDisabledHandle();
 
     void derivesFileNames_data();
@@ -432,6 +434,33 @@ void tst_ImageTrackerSkin::showsTheHandleOfTheState()
     fill(expected, {0, 0, 15, 15}, color);
     QCOMPARE(painted(tracker), expected);
 
+    tracker.setEnabled(false);
+    fill(expected, {0, 0, 15, 15}, disableColor);
+    QCOMPARE(painted(tracker), expected);
+}
+
+void tst_ImageTrackerSkin::hasNoImageOfItsOwnForAPress()
+{
+    QVERIFY(writeFlat(base() + "_down.png", {15, 15}, Qt::cyan));
+    ImageTracker tracker;
+    setUp(tracker, skin(), {240, 15});
+    tracker.setState(ImageTracker::Down);
+    QCOMPARE(whereIs(painted(tracker), onColor), QRect(0, 0, 15, 15));
+    QVERIFY(whereIs(painted(tracker), Qt::cyan).isNull());
+}
+
+void tst_ImageTrackerSkin::paintsWithoutReadingFiles()
+{
+    ImageTracker tracker;
+    setUp(tracker, skin(), {240, 15});
+    QVERIFY(folder->remove());
+    QImage expected = playGroove();
+    const QColor colors[] = {handleColor, onColor, onColor};
+    for (int state = ImageTracker::Normal; state <= ImageTracker::Down; ++state) {
+        tracker.setState(static_cast<ImageTracker::State>(state));
+        fill(expected, {0, 0, 15, 15}, colors[state]);
+        QCOMPARE(painted(tracker), expected);
+    }
     tracker.setEnabled(false);
     fill(expected, {0, 0, 15, 15}, disableColor);
     QCOMPARE(painted(tracker), expected);

@@ -40,6 +40,8 @@ private Q_SLOTS:
     void selectingOutsideTheListSelectsTheFirst_data();
     void selectingOutsideTheListSelectsTheFirst();
     void selectingInAnEmptyListSelectsNothing();
+    void selectingInAnEmptiedListLeavesPlaybackAlone_data();
+    void selectingInAnEmptiedListLeavesPlaybackAlone();
     void selectingWhilePlayingBeginsWithoutEnding();
     void selectingWhilePausedOnlyResumes();
     void selectingAnItemThatCannotStartSelectsItAllTheSame();
@@ -47,6 +49,7 @@ private Q_SLOTS:
     void clearKeepsPlayingAndSelectsZero();
     void clearLeavesNothingToStep();
     void playAfterClearDoesNothing();
+    void playsAnotherItemUnderTheSelectedNameAndLength();
 
     void knowsItsNeighbours_data();
     void knowsItsNeighbours();
@@ -56,6 +59,7 @@ private Q_SLOTS:
 
     void stepsToTheNextFile();
     void stepsToThePriorFile();
+    void enablesTheFileButtonsOnceTheItemPlays();
     void stepsWhileStoppedWithoutStopping();
     void stepsWhilePausedAndPlays();
     void doesNotStepPastTheEnds();
@@ -156,6 +160,30 @@ void tst_Navigation::selectingInAnEmptyListSelectsNothing()
     }
 }
 
+void tst_Navigation::selectingInAnEmptiedListLeavesPlaybackAlone_data()
+{
+    QTest::addColumn<bool>("paused");
+    QTest::newRow("playing") << false;
+    QTest::newRow("paused") << true;
+}
+
+void tst_Navigation::selectingInAnEmptiedListLeavesPlaybackAlone()
+{
+    QFETCH(bool, paused);
+    Player player(3);
+    player.play(1);
+    if (paused)
+        player.pause();
+    const int state = player.impl.playState;
+    player.widget->clear();
+    player.widget->setPlayIndex(0);
+    QCOMPARE(player.calls(), nothing);
+    QCOMPARE(player.impl.playState, state);
+    QCOMPARE(player.impl.playIndex(), -1);
+    QVERIFY(current(player, 20, "/films/20.avi", false));
+    QVERIFY(fileButtons(player, false, false));
+}
+
 void tst_Navigation::selectingWhilePlayingBeginsWithoutEnding()
 {
     Player player(3);
@@ -197,13 +225,14 @@ void tst_Navigation::selectingAnItemThatCannotStartSelectsItAllTheSame()
 void tst_Navigation::clearKeepsPlayingAndSelectsZero()
 {
     Player player(3);
+    player.impl.playItem(1)->audioOnly = true;
     player.play(1);
     player.widget->clear();
     QCOMPARE(player.impl.playItemCount(), 0);
     QCOMPARE(player.impl.playIndex(), 0);
     QCOMPARE(player.calls(), nothing);
     QCOMPARE(player.impl.playState, int(PlayWidget_Impl::Playing));
-    QVERIFY(current(player, 20, "/films/20.avi", false));
+    QVERIFY(current(player, 20, "/films/20.avi", true));
     QVERIFY(fileButtons(player, true, true));  // not brought up to date
 
     player.impl.stopVideo(true);
@@ -234,6 +263,24 @@ void tst_Navigation::playAfterClearDoesNothing()
     player.ui.btnPlay->click();
     QCOMPARE(player.calls(), nothing);
     QCOMPARE(player.impl.playState, int(PlayWidget_Impl::Stopped));
+}
+
+// Name and length are those of the selection, which is older than the list; the edit is the item's.
+void tst_Navigation::playsAnotherItemUnderTheSelectedNameAndLength()
+{
+    Player player(3);
+    player.play(1);
+    player.impl.stopVideo(true);
+    player.impl.reapplyPending = false;
+    player.widget->clear();
+    player.widget->addPlayItem(99, "/films/99.avi", false, Kest3DTurnOff, 0.0);
+    player.calls();
+    player.ui.btnPlay->click();
+    QStringList calls = Player::startCalls(99);
+    calls[0] = "KestGetMediaDuration(20)";
+    calls[4] = "KestAddFilter2(20, 9, mode 11, depth 0)";
+    QCOMPARE(player.calls(), calls);
+    QCOMPARE(player.ui.lblFileName->text(), QString("20.avi"));
 }
 
 void tst_Navigation::knowsItsNeighbours_data()
@@ -286,11 +333,12 @@ void tst_Navigation::enablesTheFileButtonsByTheNeighbours()
 void tst_Navigation::movesTheSelectionWithoutPlaying()
 {
     Player player(2);
+    player.impl.playItem(1)->audioOnly = true;
     player.impl.currentIndex = 0;
     QVERIFY(!player.impl.priorFileId());
     QVERIFY(player.impl.nextFileId());
     QCOMPARE(player.impl.playIndex(), 1);
-    QVERIFY(current(player, 20, "/films/20.avi", false));
+    QVERIFY(current(player, 20, "/films/20.avi", true));
     QVERIFY(!player.impl.nextFileId());
     QCOMPARE(player.impl.playIndex(), 1);
     QVERIFY(player.impl.priorFileId());
@@ -321,6 +369,23 @@ void tst_Navigation::stepsToThePriorFile()
     QCOMPARE(player.impl.playIndex(), 0);
     QVERIFY(current(player, 10, "/films/10.avi", false));
     QVERIFY(fileButtons(player, false, true));
+}
+
+void tst_Navigation::enablesTheFileButtonsOnceTheItemPlays()
+{
+    Player player(3);
+    const NoteOnEvent next(player.ui.btnNextFile, QEvent::EnabledChange,
+                           [] { return QStringLiteral("next"); });
+    const NoteOnEvent prior(player.ui.btnPriorFile, QEvent::EnabledChange,
+                            [] { return QStringLiteral("prior"); });
+    player.widget->setPlayIndex(2);
+    QCOMPARE(player.calls().mid(7), QStringList({"KestPlay()", "next"}));
+    player.impl.playPriorFile();
+    QCOMPARE(player.calls().last(), QString("next"));
+    player.impl.playPriorFile();
+    QCOMPARE(player.calls().last(), QString("prior"));
+    player.impl.playNextFile();
+    QCOMPARE(player.calls().last(), QString("prior"));
 }
 
 void tst_Navigation::stepsWhileStoppedWithoutStopping()

@@ -138,6 +138,7 @@ private Q_SLOTS:
     void anyOtherButtonCancels();
     void cancelRejectsDespiteFailures();
     void escapeCancelsAndReachesTheHost();
+    void escapeCancelsWhateverIsHeldWithIt();
     void escapeInTheSpinBoxCancels();
     void otherKeysReachTheHostOnly_data();
     void otherKeysReachTheHostOnly();
@@ -486,6 +487,8 @@ void tst_Panel3D::removesNothingPastTheEnd()
     QStringList rest = sevenEntries;
     rest.removeAt(1);
     QCOMPARE(entries(player), rest);
+    // The text of the place is left out all the same.
+    QCOMPARE(player.impl.hiddenModeTextId, int(PlayWidget::ModeSlideBySlideText));
 }
 
 // Removing the entry that is shown chooses another; there is no engine yet that could hear of it.
@@ -766,6 +769,15 @@ void tst_Panel3D::escapeCancelsAndReachesTheHost()
                                 "host has key 1000000"}));
     QTest::keyPress(&player.impl, Qt::Key_Escape);
     QCOMPARE(player.calls(), QStringList({"rejected", "host has key 1000000"}));
+}
+
+void tst_Panel3D::escapeCancelsWhateverIsHeldWithIt()
+{
+    for (Qt::KeyboardModifier held : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
+        Previewing player;
+        QTest::keyPress(&player.impl, Qt::Key_Escape, held);
+        QCOMPARE(player.calls(), stoppedWithoutSave + QStringList("rejected"));
+    }
 }
 
 void tst_Panel3D::escapeInTheSpinBoxCancels()

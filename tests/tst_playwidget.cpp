@@ -7,6 +7,7 @@
 #include <QSignalSpy>
 
 #include <limits>
+#include <thread>
 
 namespace {
 
@@ -101,6 +102,7 @@ private Q_SLOTS:
     void signalsEachWayOutOnce_data();
     void signalsEachWayOutOnce();
     void passesTheSignalsOn();
+    void passesASignalOfAnotherThreadOnInItsOwn();
     void mayBeDeletedLaterInsideASignal_data();
     void mayBeDeletedLaterInsideASignal();
     void mayBeDeletedInsideASignal_data();
@@ -109,6 +111,7 @@ private Q_SLOTS:
     void deletingItEndsTheEditWithoutSaving_data();
     void deletingItEndsTheEditWithoutSaving();
     void deletingItWhileStoppedCallsNothing();
+    void isStillThePlayerWhileItEndsTheEdit();
     void diesWithItsParent();
 };
 
@@ -392,6 +395,20 @@ void tst_PlayWidget::passesTheSignalsOn()
     QCOMPARE(rejected.count(), 1);
 }
 
+void tst_PlayWidget::passesASignalOfAnotherThreadOnInItsOwn()
+{
+    PlayWidget widget;
+    QSignalSpy accepted(&widget, &PlayWidget::accepted);
+    QSignalSpy rejected(&widget, &PlayWidget::rejected);
+    std::thread([&] {
+        Q_EMIT widget.m_impl->accepted();
+        Q_EMIT widget.m_impl->rejected();
+    }).join();
+    QCOMPARE(accepted.count() + rejected.count(), 0);
+    QTRY_COMPARE(accepted.count(), 1);
+    QTRY_COMPARE(rejected.count(), 1);
+}
+
 void tst_PlayWidget::mayBeDeletedLaterInsideASignal_data()
 {
     addWaysOut();
@@ -453,6 +470,18 @@ void tst_PlayWidget::deletingItWhileStoppedCallsNothing()
     player.calls();
     player.widget.reset();
     QCOMPARE(player.calls(), QStringList());
+}
+
+void tst_PlayWidget::isStillThePlayerWhileItEndsTheEdit()
+{
+    Player player;
+    player.play();
+    player.widget->setTranslationText(PlayWidget::PlayTip, "Play it");
+    const NoteOnEvent tip(player.ui.btnPlay, QEvent::ToolTipChange, [widget = player.widget.get()] {
+        return QString::fromLatin1(widget->metaObject()->className());
+    });
+    player.widget.reset();
+    QCOMPARE(player.calls().mid(0, 2), QStringList({"KestEditEnd(false)", "PlayWidget"}));
 }
 
 void tst_PlayWidget::diesWithItsParent()

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void packsTheFilterRecordInto84Bytes();
     void fillsAFilterRecordWithModeAndDepthOnly_data();
     void fillsAFilterRecordWithModeAndDepthOnly();
+    void fillsEveryRecordOfAnEditAlike();
+    void clearsTheRecordThatTheEngineFills();
     void laysTheEditOutInItsOrder();
     void laysEventAndMessageOut();
     void describesTheEditOfAnItem();
@@ -99,6 +101,29 @@ void tst_Records::fillsAFilterRecordWithModeAndDepthOnly()
     PlayWidget::setMovie3DPropsDirect(FakeKest::handle(), 7, mode, depth);
     QCOMPARE(bytes(FakeKest::instance().addedFilter()).toHex(),
              (zeros(4) + seventeen + modeBytes + zeros(8) + depthBytes + zeros(56)).toHex());
+}
+
+void tst_Records::fillsEveryRecordOfAnEditAlike()
+{
+    Player player(1, Kest3DRedCyan, -0.012);
+    const QByteArray record = zeros(4) + seventeen + QByteArray("\4\0\0\0", 4) + zeros(8)
+        + bytes(-2 * 0.006) + zeros(56);
+    dirtyTheStack();
+    player.impl.addFilter(0, Kest3DRedCyan, -2 * 0.006);
+    QCOMPARE(bytes(player.engine.addedFilter()).toHex(), record.toHex());
+    dirtyTheStack();
+    player.play();  // the engine keeps nothing, so the item's values go out last
+    QCOMPARE(bytes(player.engine.addedFilter()).toHex(), record.toHex());
+}
+
+void tst_Records::clearsTheRecordThatTheEngineFills()
+{
+    Player player;
+    player.engine.setKeptFilter(10, Kest3DRedCyan, -2.0);
+    dirtyTheStack();
+    player.play();
+    QCOMPARE(bytes(player.engine.addedFilter()).toHex(),
+             (zeros(8) + QByteArray("\4\0\0\0", 4) + zeros(8) + bytes(-2.0) + zeros(56)).toHex());
 }
 
 void tst_Records::laysTheEditOutInItsOrder()

@@ -337,45 +337,45 @@ void tst_Resources::styleSheetIsAsciiWithCrLf()
 
 void tst_Resources::styleSheetHasItsRulesInOrder()
 {
-    const QStringList expected = {
-        "QWidget#panClient",
-        "QWidget#panPlayControl",
-        "QPushButton[useStyleSheet=\"true\"]",
-        "QPushButton[useStyleSheet=\"true\"]:hover",
-        "QPushButton[useStyleSheet=\"true\"]:pressed",
-        "QPushButton[useStyleSheet=\"true\"]:disabled",
-        "QComboBox",
-        "QComboBox::drop-down",
-        "QComboBox::down-arrow",
-        "QComboBox::down-arrow:hover",
-        "QComboBox::down-arrow:on",
-        "QSpinBox",
-        "QSpinBox::up-button",
-        "QSpinBox::down-button",
-        "QSpinBox::up-arrow",
-        "QSpinBox::up-arrow:hover",
-        "QSpinBox::up-arrow:disabled, QSpinBox::up-arrow:off",
-        "QSpinBox::down-arrow",
-        "QSpinBox::down-arrow:hover",
-        "QSpinBox::down-arrow:disabled, QSpinBox::down-arrow:off",
-        "QCheckBox",
-        "QCheckBox::indicator",
-        "QCheckBox::indicator:checked",
-        "QCheckBox::indicator:checked:hover",
-        "QCheckBox::indicator:unchecked",
-        "QCheckBox::indicator:disabled",
-        "QSlider#effectTracker:groove:horizontal",
-        "QSlider#effectTracker::handle:horizontal",
-        "QSlider#effectTracker::handle:horizontal:hover",
-        "QSlider#effectTracker::handle:horizontal:disabled",
-    };
+    const QString expected = R"(
+QWidget#panClient { border-width: 62px; border-image: url(:/skin/background.png) 62 62 62 62 stretch stretch; }
+QWidget#panPlayControl { /* border-radius: 10px */ background-image: url(:/skin/playcontrol.png); }
+QPushButton[useStyleSheet="true"] { min-width: 82px; max-width: 82px; min-height: 22px; max-height: 22px; border: none; background-image: url(:/skin/button.png); qproperty-focusPolicy: NoFocus; }
+QPushButton[useStyleSheet="true"]:hover { background-image: url(:/skin/button_on.png); }
+QPushButton[useStyleSheet="true"]:pressed { background-image: url(:/skin/button_down.png); }
+QPushButton[useStyleSheet="true"]:disabled { background-image: url(:/skin/button_disable.png); }
+QComboBox { max-height: 13px; border-width: 4px; border-image: url(:/skin/combox.png) 4 4 4 4 stretch stretch; }
+QComboBox::drop-down { subcontrol-origin: border; subcontrol-position: top right; image: url(:/skin/combox_drop.png); }
+QComboBox::down-arrow { image: url(:/skin/combox_arrow.png); }
+QComboBox::down-arrow:hover { image: url(:/skin/combox_arrow_on.png); }
+QComboBox::down-arrow:on { image: url(:/skin/combox_arrow_on.png); top: 1px; left: 1px; }
+QSpinBox { padding-right: 2px; border-image: url(:/skin/spin_back.png) 4; border-width: 3; max-height: 15px; }
+QSpinBox::up-button { subcontrol-origin: border; subcontrol-position: top right; width: 16px; border-width: 1px; border-top: 5px; border-right: 5px; }
+QSpinBox::down-button { subcontrol-origin: border; subcontrol-position: bottom right; width: 16px; border-width: 1px; border-top-width: 0; }
+QSpinBox::up-arrow { image: url(:/skin/spin_up_arrow.png); width: 9px; height: 5px; margin-right: 3px; margin-top: 2px; }
+QSpinBox::up-arrow:hover { image: url(:/skin/spin_up_arrow_on.png); }
+QSpinBox::up-arrow:disabled, QSpinBox::up-arrow:off { image: url(:/skin/spin_up_arrow_disable.png); }
+QSpinBox::down-arrow { image: url(:/skin/spin_down_arrow.png); width: 9px; height: 5px; margin-right: 3px; margin-bottom: 2px; }
+QSpinBox::down-arrow:hover { image: url(:/skin/spin_down_arrow_on.png); }
+QSpinBox::down-arrow:disabled, QSpinBox::down-arrow:off { image: url(:/skin/spin_down_arrow_disable.png); }
+QCheckBox { qproperty-focusPolicy: NoFocus; }
+QCheckBox::indicator { width: 19px; height: 20px; }
+QCheckBox::indicator:checked { border-image: url(:/skin/check.png); }
+QCheckBox::indicator:checked:hover { border-image: url(:/skin/check_down.png); }
+QCheckBox::indicator:unchecked { border-image: url(:/skin/check_on.png); }
+QCheckBox::indicator:disabled { border-image: url(:/skin/check_disable.png); }
+QSlider#effectTracker:groove:horizontal { border: 1px solid #b9bec5; height: 4px; background: #f6f6f6; margin: 6px 0; }
+QSlider#effectTracker::handle:horizontal { width: 8px; height: 15px; background-image: url(:/skin/effectslider.png); background-repeat: no-repeat; background-position: center; }
+QSlider#effectTracker::handle:horizontal:hover { background-image: url(:/skin/effectslider_on.png); }
+QSlider#effectTracker::handle:horizontal:disabled { background-image: url(:/skin/effectslider_disable.png); }
+)";
     QStringList found;
     const QString sheet = QString::fromLatin1(contents(":/qss/Varlume.qss"));
     QRegularExpressionMatchIterator rules
-        = QRegularExpression("([^{}]+)\\{[^}]*\\}").globalMatch(sheet);
+        = QRegularExpression("[^{}]+\\{[^}]*\\}").globalMatch(sheet);
     while (rules.hasNext())
-        found << rules.next().captured(1).simplified();
-    QCOMPARE(found, expected);
+        found << rules.next().captured().simplified();
+    QCOMPARE(found, expected.trimmed().split('\n'));
 }
 
 void tst_Resources::styleSheetKeepsItsUnusualSpellings()

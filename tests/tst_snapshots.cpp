@@ -95,6 +95,7 @@ private Q_SLOTS:
     void recordsNoFailure();
     void writesNoFile_data();
     void writesNoFile();
+    void makesNoFolder();
 };
 
 void tst_Snapshots::startsInTheApplicationsFolder()
@@ -400,6 +401,17 @@ void tst_Snapshots::writesNoFile()
     player.play();
     player.impl.setSnapShotDir(folder.path());
     player.impl.setSnapShotImageType(static_cast<Impl::ImageType>(type));
+    player.impl.snapShotVideo();
+    QCOMPARE(player.calls(), QStringList("KestGetMediaInfo(10)"));
+    QVERIFY(filesIn(folder.path()).isEmpty());
+}
+
+void tst_Snapshots::makesNoFolder()
+{
+    const QTemporaryDir folder;
+    Player player;
+    player.play();
+    player.impl.setSnapShotDir(folder.filePath("none/yet"));
     player.impl.snapShotVideo();
     QCOMPARE(player.calls(), QStringList("KestGetMediaInfo(10)"));
     QVERIFY(filesIn(folder.path()).isEmpty());

@@ -208,7 +208,10 @@ private Q_SLOTS:
     void startsWithTheVolumeOfTheSlider();
     void readsTheDurationOfEachItem();
     void keepsTheDurationThatTheEngineDoesNotKnow();
+    void startsWhateverTheEngineReturns_data();
+    void startsWhateverTheEngineReturns();
     void staysStoppedWhenTheEngineDoesNotPlay();
+    void keepsPlayingWhenTheEngineDoesNotPlayAnother();
     void playWithoutASelectedItemDoesNothing();
 
     void pauses();
@@ -216,16 +219,19 @@ private Q_SLOTS:
     void pausesOnlyWhatPlays();
     void resumesByPlayAlone();
     void resumesWhateverTheEngineReturns();
+    void resumesBeforeItShowsSo();
     void thePlayButtonToggles();
 
     void stops_data();
     void stops();
+    void stopsInItsOrder();
     void stoppingTwiceStopsOnce();
     void stopsAlsoWhenTheEngineDoesNotEnd();
 
     void anEventActsByItsState_data();
     void anEventActsByItsState();
     void anEndEventStopsWhatIsPaused();
+    void aTickEventPastTheEndStopsWhatIsPaused();
     void eventsMoveThePositionWhileStoppedToo();
     void ignoresEventsOfOtherTypes();
     void toleratesAnEventForNobody();
@@ -355,6 +361,26 @@ void tst_Transport::keepsTheDurationThatTheEngineDoesNotKnow()
     QCOMPARE(player.widget->errorString(), QString());
 }
 
+void tst_Transport::startsWhateverTheEngineReturns_data()
+{
+    QTest::addColumn<QString>("function");
+    for (const char *function :
+         {"KestGetMediaDuration", "KestEditBegin", "KestAddFilter", "KestChangeVolume"})
+        QTest::newRow(function) << function;
+}
+
+void tst_Transport::startsWhateverTheEngineReturns()
+{
+    QFETCH(QString, function);
+    TippedPlayer player;
+    player.engine.setResult(function, 6);
+    player.widget->setPlayIndex(0);
+    QCOMPARE(player.calls(), Player::startCalls(10));
+    QVERIFY(shows(player, PlayWidget_Impl::Playing));
+    QVERIFY(player.ui.playTracker->isEnabled());
+    QCOMPARE(player.widget->errorString(), QString());
+}
+
 void tst_Transport::staysStoppedWhenTheEngineDoesNotPlay()
 {
     TippedPlayer player;
@@ -370,6 +396,18 @@ void tst_Transport::staysStoppedWhenTheEngineDoesNotPlay()
     player.calls();
     player.impl.stopVideo(true);
     QCOMPARE(player.calls(), nothing);
+}
+
+void tst_Transport::keepsPlayingWhenTheEngineDoesNotPlayAnother()
+{
+    TippedPlayer player;
+    player.play(0);
+    player.engine.setResult("KestPlay", 7);
+    player.widget->setPlayIndex(1);
+    QVERIFY(shows(player, PlayWidget_Impl::Playing));
+    QVERIFY(player.ui.playTracker->isEnabled());
+    QCOMPARE(player.ui.lblFileName->text(), QString("20.avi"));
+    QCOMPARE(player.widget->errorString(), QString("ERROR: KestPlay function failed. [Code: 7]"));
 }
 
 void tst_Transport::playWithoutASelectedItemDoesNothing()
@@ -443,6 +481,17 @@ void tst_Transport::resumesWhateverTheEngineReturns()
     QCOMPARE(player.widget->errorString(), QString());
 }
 
+void tst_Transport::resumesBeforeItShowsSo()
+{
+    TippedPlayer player;
+    player.play();
+    player.pause();
+    const NoteOnEvent tip(player.ui.btnPlay, QEvent::ToolTipChange,
+                          [&] { return QStringLiteral("state %1").arg(player.impl.playState); });
+    player.impl.playVideo();
+    QCOMPARE(player.calls(), QStringList({"KestPlay()", "state 0"}));
+}
+
 void tst_Transport::thePlayButtonToggles()
 {
     TippedPlayer player;
@@ -492,6 +541,28 @@ void tst_Transport::stops()
     QCOMPARE(player.ui.lblRemainTime->text(), QString("-00:00:30"));
     QCOMPARE(player.impl.position, 30000LL);
     QCOMPARE(player.impl.playIndex(), 0);
+}
+
+void tst_Transport::stopsInItsOrder()
+{
+    TippedPlayer player;
+    player.play();
+    player.report(3, 30000);
+    Player::tick(player.impl.playUpdateTimer);
+    const auto standing = [&player] {
+        return QStringLiteral("name '%1', state %2, slider at %3, clock %4")
+            .arg(player.ui.lblFileName->text())
+            .arg(player.impl.playState)
+            .arg(player.ui.playTracker->getValue())
+            .arg(player.impl.playUpdateTimer->isActive() ? "on" : "off");
+    };
+    const NoteOnEvent tip(player.ui.btnPlay, QEvent::ToolTipChange, standing);
+    const NoteOnEvent disabled(player.ui.playTracker, QEvent::EnabledChange, standing);
+    player.impl.stopVideo(true);
+    QCOMPARE(player.calls(),
+             QStringList({"KestEditEnd(true)", "name '', state 2, slider at 500, clock on",
+                          "name '', state 2, slider at 0, clock off",
+                          "CVideoWnd::SendCommand(4, -1)", "CVideoWnd::UpdateView()"}));
 }
 
 void tst_Transport::stoppingTwiceStopsOnce()
@@ -574,6 +645,17 @@ void tst_Transport::anEndEventStopsWhatIsPaused()
     QCOMPARE(player.calls(), Player::stopCalls(true));
     player.report(5, 0);
     QCOMPARE(player.calls(), nothing);
+}
+
+void tst_Transport::aTickEventPastTheEndStopsWhatIsPaused()
+{
+    Player player;
+    player.play();
+    player.pause();
+    player.report(3, 60001);
+    QCOMPARE(player.calls(), nothing);
+    player.report(7, 0);
+    QCOMPARE(player.calls(), Player::stopCalls(true));
 }
 
 void tst_Transport::eventsMoveThePositionWhileStoppedToo()

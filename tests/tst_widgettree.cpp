@@ -434,6 +434,7 @@ void tst_WidgetTree::isInItsFirstStateAfterConstruction()
                                           player.ui.btnCapture, player.ui.btnCaptureRight})
         QVERIFY2(widget->isHidden(), qPrintable(widget->objectName()));
     QVERIFY(player.ui.panClient->hasMouseTracking());
+    QCOMPARE(player.ui.videoWnd->windowFlags(), QWidget(&player).windowFlags());
     QCOMPARE(player.ui.edt3DPos->minimum(), -50);
     QCOMPARE(player.ui.edt3DPos->maximum(), 50);
     QCOMPARE(player.ui.edt3DPos->value(), 0);
