@@ -33,14 +33,20 @@ QString fileOf(const QString &line)
     return QDir::isAbsolutePath(text) ? text : QString();
 }
 
+/// Those of one script alone: digits scattered among the characters make the order a circle.
+bool isDigit(QChar character)
+{
+    return character >= QLatin1Char('0') && character <= QLatin1Char('9');
+}
+
 /// Takes the number or the character that `text` has at `at`; a number as its digits without the
 /// zeros before them.
 QString takePart(const QString &text, int &at)
 {
     const int begin = at++;
-    if (!text.at(begin).isDigit())
+    if (!isDigit(text.at(begin)))
         return text.at(begin).toCaseFolded();
-    while (at < text.size() && text.at(at).isDigit())
+    while (at < text.size() && isDigit(text.at(at)))
         ++at;
     int first = begin;
     while (first < at - 1 && text.at(first) == QLatin1Char('0'))
@@ -51,15 +57,19 @@ QString takePart(const QString &text, int &at)
 /// By hand, because what a locale does with numbers depends on it.
 bool comesBefore(const QString &a, const QString &b)
 {
-    for (int i = 0, j = 0; i < a.size() && j < b.size();) {
+    int i = 0;
+    int j = 0;
+    while (i < a.size() && j < b.size()) {
         const QString left = takePart(a, i);
         const QString right = takePart(b, j);
-        const bool numbers = left.at(0).isDigit() && right.at(0).isDigit();
+        const bool numbers = isDigit(left.at(0)) && isDigit(right.at(0));
         if (numbers && left.size() != right.size())
             return left.size() < right.size();
         if (left != right)
             return left < right;
     }
+    if (i < a.size() || j < b.size())
+        return j < b.size();
     return a.size() != b.size() ? a.size() < b.size() : a < b;
 }
 

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void init();
 
     void aFolderMeansItsMediaFilesAsAPersonCounts();
+    void onlyPlainDigitsCount();
+    void aNameThatGoesOnComesLater();
     void foldersAreReplacedAndEmptyOnesNamed();
     void aPathThatDoesNotExistStays();
     void urlsOfFilesAreFiles();
@@ -64,6 +66,25 @@ void tst_PreviewMediaFiles::aFolderMeansItsMediaFilesAsAPersonCounts()
         QStringList({QStringLiteral("9.ogg"), QStringLiteral("10.ogg"), QStringLiteral("a.webm"),
                      QStringLiteral("part 1.mkv"), QStringLiteral("part 2.MKV"),
                      QStringLiteral("part 02b.mp4"), QStringLiteral("Part 10.mkv")}));
+}
+
+void tst_PreviewMediaFiles::onlyPlainDigitsCount()
+{
+    const QStringList ordered
+        = {QStringLiteral("2.mkv"),    QStringLiteral("10.mkv"), QStringLiteral("第2.mkv"),
+           QStringLiteral("第10.mkv"), QStringLiteral("１.mkv"), QStringLiteral("１０.mkv"),
+           QStringLiteral("２.mkv")};
+    make(ordered);
+    QCOMPARE(namesIn(m_folder->path()), ordered);
+}
+
+// However many zeros make the shorter one longer.
+void tst_PreviewMediaFiles::aNameThatGoesOnComesLater()
+{
+    const QStringList ordered
+        = {QStringLiteral("1.mkv"), QStringLiteral("00000001.mkv"), QStringLiteral("1.mkv.ogg")};
+    make(ordered);
+    QCOMPARE(namesIn(m_folder->path()), ordered);
 }
 
 void tst_PreviewMediaFiles::foldersAreReplacedAndEmptyOnesNamed()
