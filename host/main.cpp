@@ -88,6 +88,8 @@ int savePicture(const QImage &picture, const QString &file)
 
 int takeScreenshot(PreviewDialog &dialog, void *engine, const Options &options)
 {
+    if (dialog.films().films().isEmpty())
+        return complain(Text::tr("there is no film to take the picture of"), Failed);
     Screenshot screenshot(engine, dialog.player());
     QObject::connect(&dialog, &PreviewDialog::begun, &screenshot,
                      [&](int film) { screenshot.take(film, options.screenshotAt); });
@@ -129,7 +131,9 @@ int run(const Options &options)
 {
     Settings settings;
     QString error;
-    if (!options.settingsFile.isEmpty() && !settings.read(options.settingsFile, error))
+    // OK makes a file that is missing; where nobody can say OK, its name is mistyped.
+    const auto missing = options.hasWindow() ? Settings::HasNoFilms : Settings::IsAnError;
+    if (!options.settingsFile.isEmpty() && !settings.read(options.settingsFile, error, missing))
         return complain(error, Failed);
     MediaEngine engine(options.audioOutput);
     if (!engine.handle())
@@ -150,8 +154,9 @@ int run(const Options &options)
 bool hasDisplay()
 {
 #ifdef Q_OS_LINUX
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    return !qEnvironmentVariableIsEmpty("DISPLAY")
+        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 #else
     return true;
 #endif
@@ -190,7 +195,7 @@ int main(int argc, char **argv)
         return complain(options.error + Text::tr(" (--help tells more)"), BadUsage);
     if (!options.answer.isEmpty())
         return print(options.answer.toUtf8(), Accepted);
-    if (!display && options.screenshot.isEmpty() && !options.noWindow)
+    if (!display && options.hasWindow())
         return complain(Text::tr("there is no display to open a window on; "
                                  "--screenshot needs none"),
                         Failed);

@@ -54,7 +54,8 @@ public:
                 "in full size, with its sound, subtitles and chapters: NAME.MODE.mkv."),
              tr("folder")},
             {losslessOption, tr("Export to the pixel (FFV1) instead of in H.264.")},
-            {noWindowOption, tr("Export at once what --settings says; needs no display.")},
+            {noWindowOption,
+             tr("Export at once what --settings says; takes no FILE and needs no display.")},
             {{QStringLiteral("h"), helpOption}, tr("Show this help.")},
             {{QStringLiteral("v"), versionOption}, tr("Show the version.")},
         });
@@ -132,6 +133,9 @@ QString conflict(const Parser &parser, const Options &options)
     }
     if (options.noWindow && (options.settingsFile.isEmpty() || options.exportFolder.isEmpty()))
         return Parser::tr("--%1: needs --settings and --export").arg(noWindowOption);
+    if (options.noWindow && !options.files.isEmpty())
+        return Parser::tr("--%1: exports the films of the settings, and takes no others")
+            .arg(noWindowOption);
     if (options.mode == options.hiddenMode && options.mode != Kest3DTurnOff)
         return Parser::tr("--%1: films cannot start in the mode that is not offered")
             .arg(modeOption);

@@ -26,6 +26,9 @@ struct Options
 
     QString answer;  ///< help or version, to be printed instead of anything else
     QString error;   ///< what is wrong with the command line; empty when it is right
+
+    /// Whether a user is there to choose, and to say OK.
+    bool hasWindow() const { return screenshot.isEmpty() && !noWindow; }
 };
 
 /// Reads the command line, the program's name included. Needs a QCoreApplication.

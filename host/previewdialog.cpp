@@ -30,6 +30,11 @@ namespace {
 constexpr int refreshInterval = 200;  // ms
 const QString geometryKey = QStringLiteral("windowGeometry");
 
+void tell(const QString &line)
+{
+    std::fprintf(stderr, "playwidget-preview: %s\n", line.toLocal8Bit().constData());
+}
+
 }  // namespace
 
 PreviewDialog::PreviewDialog(MediaEngine &engine, const Options &options, const Settings &kept)
@@ -104,8 +109,11 @@ void PreviewDialog::open(const QStringList &paths)
 {
     QStringList empty;
     const QStringList files = expandFolders(paths, &empty);
-    m_pane->showNotice(
-        empty.isEmpty() ? QString() : tr("No films in %1").arg(empty.join(QStringLiteral(", "))));
+    const QString notice
+        = empty.isEmpty() ? QString() : tr("No films in %1").arg(empty.join(QStringLiteral(", ")));
+    m_pane->showNotice(notice);
+    if (!notice.isEmpty())
+        tell(notice);
     for (const QString &path : files) {
         const Film *known = m_films.filmByPath(path);
         if (known && (known->isPlayable() || !known->examined))
@@ -132,8 +140,7 @@ void PreviewDialog::takeFacts(int filmId, const MediaFacts &facts)
     if (film.isPlayable())
         addToPlayer(film);
     else
-        std::fprintf(stderr, "playwidget-preview: %s: %s\n", film.path.toLocal8Bit().constData(),
-                     facts.error.toLocal8Bit().constData());
+        tell(QStringLiteral("%1: %2").arg(film.path, facts.error));
     if (!m_begun)
         beginIfDue();
 }

@@ -85,13 +85,13 @@ bool parse(const QByteArray &json, const QString &folder, Settings &settings, QS
 
 }  // namespace
 
-bool Settings::read(const QString &file, QString &error)
+bool Settings::read(const QString &file, QString &error, MissingFile missing)
 {
     const QFileInfo info(file);
     QFile source(file);
     QString reason;
     Settings found;
-    if (!info.exists() && info.dir().exists()) {
+    if (missing == HasNoFilms && !info.exists() && info.dir().exists()) {
         *this = found;
         return true;
     }

@@ -22,9 +22,12 @@ struct FilmSettings
 class Settings
 {
 public:
+    /// What a file that does not exist is, in a folder that does.
+    enum MissingFile { HasNoFilms, IsAnError };
+
     /// False, with this untouched and `error` saying where and why, when the file cannot be read or
-    /// is not what toJson() writes. A file that does not exist has no films.
-    bool read(const QString &file, QString &error);
+    /// is not what toJson() writes.
+    bool read(const QString &file, QString &error, MissingFile missing = HasNoFilms);
 
     /// Replaces the file at once or, on failure, not at all; `error` then says why.
     bool write(const QString &file, QString &error) const;

@@ -20,7 +20,7 @@ fail() {
 run() { # STATUS ARGUMENT...
     local expected=$1 status
     shift
-    "$program" --audio-output null "$@" >"$room/out" 2>"$room/err" </dev/null
+    timeout 60 "$program" --audio-output null "$@" >"$room/out" 2>"$room/err" </dev/null
     status=$?
     ((status == expected)) || fail "status $status and not $expected: $*"
 }
@@ -31,7 +31,8 @@ silent() { [[ ! -s $room/out ]] || fail "there is something on standard output";
 
 # --- answers, without a display
 run 0 --help
-for option in settings json mode depth hide-mode start audio-output language screenshot at; do
+for option in settings json mode depth hide-mode start audio-output language screenshot at export \
+    export-lossless no-window; do
     says "--$option"
     sed 's/Fl Fl /--/g' "$manual" | grep -qF -- "--$option" || fail "the manual lacks --$option"
 done
@@ -58,6 +59,10 @@ run 2 --at -1
 run 2 --screenshot "$room/a.png"
 complains "name the film"
 run 2 --settings ""
+run 2 --no-window --export "$room/films"
+complains "needs --settings and --export"
+run 2 --no-window --export "$room/films" --settings "$room/none.json" "$samples/depth.mkv"
+complains "exports the films of the settings, and takes no others"
 run 2 --language xx
 complains 'there are no texts in "xx", but in: en'
 silent
@@ -71,6 +76,8 @@ LC_ALL=de_DE.UTF-8 run 0 --depth -0.012 --mode red-cyan --screenshot "$room/de.p
 # --- no display to open a window on
 run 3 "$samples/depth.mkv"
 complains "there is no display"
+DISPLAY='' WAYLAND_DISPLAY='' QT_QPA_PLATFORM='' run 3 "$samples/depth.mkv"
+complains "there is no display"
 
 # --- settings that cannot be read stay as they are
 printf '[{"path": "a.mkv"' >"$room/broken.json"
@@ -78,6 +85,13 @@ run 3 --settings "$room/broken.json" --screenshot "$room/a.png"
 complains "broken.json cannot be read as settings: line 1: "
 [[ $(<"$room/broken.json") == '[{"path": "a.mkv"' ]] || fail "the broken settings were touched"
 run 3 --settings "$room/no/such/folder.json" --screenshot "$room/a.png"
+
+# --- settings that are missing, which only a window can make
+run 3 --no-window --export "$room/films" --settings "$room/none.json"
+complains "none.json cannot be read as settings: No such file or directory"
+run 3 --settings "$room/none.json" --screenshot "$room/a.png" "$samples/depth.mkv"
+complains "none.json cannot be read as settings: No such file or directory"
+[[ ! -e $room/films && ! -e $room/none.json ]] || fail "missing settings leave something"
 
 # --- a picture
 run 0 --screenshot "$room/a.png" --at 3000 --mode red-cyan --depth -0.012 "$samples/depth.mkv"
@@ -93,6 +107,12 @@ run 0 --screenshot "$room/end.png" --at 4000000000 "$samples/depth.mkv"
 run 0 --screenshot "$room/tone.png" "$samples/tone.ogg"
 run 3 --screenshot "$room/e.png" /no/such/film.mkv
 complains "/no/such/film.mkv: The file does not exist"
+mkdir "$room/empty"
+run 3 --screenshot "$room/e.png" "$room/empty"
+complains "No films in $room/empty"
+printf '[]' >"$room/no_films.json"
+run 3 --screenshot "$room/e.png" --settings "$room/no_films.json"
+complains "there is no film to take the picture of"
 run 3 --screenshot "$room/e.strange" "$samples/depth.mkv"
 complains "there is no image format"
 run 3 --screenshot "$room/no/such/e.png" "$samples/depth.mkv"

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void readsBackWhatItWrote();
     void takesRelativePathsFromItsOwnFolder();
     void isEmptyWithoutAFile();
+    void refusesAMissingFileWhereNothingMakesIt();
     void theLastEntryForAPathCounts();
     void refusesWhatIsNoSettingsAndSaysWhere_data();
     void refusesWhatIsNoSettingsAndSaysWhere();
@@ -93,6 +94,18 @@ void tst_PreviewSettings::isEmptyWithoutAFile()
     QString error;
     QVERIFY(settings.read(m_folder.filePath(QStringLiteral("none.json")), error));
     QCOMPARE(settings.films().size(), 0);
+}
+
+void tst_PreviewSettings::refusesAMissingFileWhereNothingMakesIt()
+{
+    Settings settings;
+    settings.put({QStringLiteral("/films/a.mkv"), Kest3DTurnOff, 0.0, false});
+    const QString file = m_folder.filePath(QStringLiteral("none.json"));
+    QString error;
+    QVERIFY(!settings.read(file, error, Settings::IsAnError));
+    QCOMPARE(error,
+             file + QStringLiteral(" cannot be read as settings: No such file or directory"));
+    QCOMPARE(settings.films().size(), 1);
 }
 
 void tst_PreviewSettings::theLastEntryForAPathCounts()

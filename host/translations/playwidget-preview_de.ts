@@ -67,17 +67,17 @@
         <translation>ohne seine Untertitel in %1, die Matroska nicht aufnehmen kann</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="139"/>
+        <location filename="../filmexport.cpp" line="141"/>
         <source>FFmpeg has no encoder for it here</source>
         <translation>FFmpeg hat hier keinen passenden Encoder</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="172"/>
+        <location filename="../filmexport.cpp" line="174"/>
         <source>FFmpeg cannot convert its pictures</source>
         <translation>FFmpeg kann seine Bilder nicht umwandeln</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="205"/>
+        <location filename="../filmexport.cpp" line="209"/>
         <source>none of its pictures can be decoded</source>
         <translation>keines seiner Bilder lässt sich dekodieren</translation>
     </message>
@@ -396,8 +396,8 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
     </message>
     <message>
         <location filename="../options.cpp" line="49"/>
-        <location filename="../options.cpp" line="71"/>
-        <location filename="../options.cpp" line="86"/>
+        <location filename="../options.cpp" line="72"/>
+        <location filename="../options.cpp" line="87"/>
         <source>file</source>
         <translation>Datei</translation>
     </message>
@@ -427,109 +427,114 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
         <translation>Pixelgenau (FFV1) statt in H.264 exportieren.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="57"/>
-        <source>Export at once what --settings says; needs no display.</source>
-        <translation>Sofort exportieren, was --settings vorgibt; braucht keinen Bildschirm.</translation>
+        <location filename="../options.cpp" line="58"/>
+        <source>Export at once what --settings says; takes no FILE and needs no display.</source>
+        <translation>Sofort exportieren, was --settings vorgibt; nimmt keine DATEI und braucht keinen Bildschirm.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="58"/>
+        <location filename="../options.cpp" line="59"/>
         <source>Show this help.</source>
         <translation>Diese Hilfe zeigen.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="59"/>
+        <location filename="../options.cpp" line="60"/>
         <source>Show the version.</source>
         <translation>Die Version zeigen.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="69"/>
+        <location filename="../options.cpp" line="70"/>
         <source>Settings of films as JSON: read at the start, written on OK. Without FILE the films that it names are opened.</source>
         <translation>Einstellungen von Filmen als JSON: zu Beginn gelesen, mit OK geschrieben. Ohne DATEI werden die Filme geöffnet, die darin stehen.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="72"/>
+        <location filename="../options.cpp" line="73"/>
         <source>Print the settings on OK, as JSON.</source>
         <translation>Die Einstellungen mit OK ausgeben, als JSON.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="73"/>
+        <location filename="../options.cpp" line="74"/>
         <source>3D mode of films without settings: %1.</source>
         <translation>3D-Modus von Filmen ohne Einstellungen: %1.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="73"/>
-        <location filename="../options.cpp" line="79"/>
-        <location filename="../options.cpp" line="88"/>
+        <location filename="../options.cpp" line="74"/>
+        <location filename="../options.cpp" line="80"/>
+        <location filename="../options.cpp" line="89"/>
         <source>name</source>
         <translation>Name</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="76"/>
+        <location filename="../options.cpp" line="77"/>
         <source>Depth of films without settings, from -0.3 to 0.3 of the picture&apos;s width; negative comes out of the screen.</source>
         <translation>Tiefe von Filmen ohne Einstellungen, von -0.3 bis 0.3 der Bildbreite; negativ tritt aus dem Bild heraus.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="78"/>
+        <location filename="../options.cpp" line="79"/>
         <source>depth</source>
         <translation>Tiefe</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="79"/>
+        <location filename="../options.cpp" line="80"/>
         <source>3D mode not to offer.</source>
         <translation>3D-Modus, der nicht angeboten wird.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="86"/>
+        <location filename="../options.cpp" line="87"/>
         <source>Film to begin with; otherwise the first.</source>
         <translation>Film, mit dem begonnen wird; sonst der erste.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="88"/>
+        <location filename="../options.cpp" line="89"/>
         <source>Sound output of the player, such as alsa or pulse; null is silent.</source>
         <translation>Tonausgabe des Players, etwa alsa oder pulse; null ist stumm.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="89"/>
+        <location filename="../options.cpp" line="90"/>
         <source>Language of the texts: en, de; otherwise the system&apos;s.</source>
         <translation>Sprache der Texte: en, de; sonst die des Systems.</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="90"/>
+        <location filename="../options.cpp" line="91"/>
         <source>code</source>
         <translation>Code</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="100"/>
+        <location filename="../options.cpp" line="101"/>
         <source>--%1: there is no 3D mode &quot;%2&quot;. The modes are: %3</source>
         <translation>--%1: den 3D-Modus „%2“ gibt es nicht. Die Modi sind: %3</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="111"/>
+        <location filename="../options.cpp" line="112"/>
         <source>--%1: &quot;%2&quot; is not a number from -0.3 to 0.3</source>
         <translation>--%1: „%2“ ist keine Zahl von -0.3 bis 0.3</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="121"/>
+        <location filename="../options.cpp" line="122"/>
         <source>--%1: &quot;%2&quot; is not a number of milliseconds</source>
         <translation>--%1: „%2“ ist keine Zahl von Millisekunden</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="131"/>
+        <location filename="../options.cpp" line="132"/>
         <source>--%1: the name of the file is empty</source>
         <translation>--%1: der Dateiname ist leer</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="134"/>
+        <location filename="../options.cpp" line="135"/>
         <source>--%1: needs --settings and --export</source>
         <translation>--%1: braucht --settings und --export</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="136"/>
+        <location filename="../options.cpp" line="137"/>
+        <source>--%1: exports the films of the settings, and takes no others</source>
+        <translation>--%1: exportiert die Filme der Einstellungen und nimmt keine anderen</translation>
+    </message>
+    <message>
+        <location filename="../options.cpp" line="140"/>
         <source>--%1: films cannot start in the mode that is not offered</source>
         <translation>--%1: Filme können nicht in dem Modus beginnen, der nicht angeboten wird</translation>
     </message>
     <message>
-        <location filename="../options.cpp" line="139"/>
+        <location filename="../options.cpp" line="143"/>
         <source>--%1: name the film to take the picture of</source>
         <translation>--%1: es fehlt der Film, von dem das Bild gemacht werden soll</translation>
     </message>
@@ -600,12 +605,12 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
 <context>
     <name>PreviewDialog</name>
     <message>
-        <location filename="../previewdialog.cpp" line="92"/>
+        <location filename="../previewdialog.cpp" line="113"/>
         <source>No films in %1</source>
         <translation>Keine Filme in %1</translation>
     </message>
     <message>
-        <location filename="../previewdialog.cpp" line="208"/>
+        <location filename="../previewdialog.cpp" line="231"/>
         <source>Preview in 3D</source>
         <translation>Vorschau in 3D</translation>
     </message>
@@ -618,32 +623,37 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
         <translation>die Ausgabe konnte nicht geschrieben werden</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="77"/>
+        <location filename="../main.cpp" line="78"/>
         <source>the film could not be shown at this place</source>
         <translation>der Film konnte an dieser Stelle nicht gezeigt werden</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="134"/>
+        <location filename="../main.cpp" line="92"/>
+        <source>there is no film to take the picture of</source>
+        <translation>es gibt keinen Film, von dem das Bild gemacht werden könnte</translation>
+    </message>
+    <message>
+        <location filename="../main.cpp" line="140"/>
         <source>the engine could not be opened</source>
         <translation>der Player konnte nicht geöffnet werden</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="183"/>
+        <location filename="../main.cpp" line="190"/>
         <source>--language: there are no texts in &quot;%1&quot;, but in: %2</source>
         <translation>--language: es gibt keine Texte in „%1“, nur in: %2</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="188"/>
+        <location filename="../main.cpp" line="195"/>
         <source> (--help tells more)</source>
         <translation> (--help sagt mehr)</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="192"/>
+        <location filename="../main.cpp" line="199"/>
         <source>there is no display to open a window on; --screenshot needs none</source>
         <translation>es gibt keinen Bildschirm für ein Fenster; --screenshot braucht keinen</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="82"/>
+        <location filename="../main.cpp" line="83"/>
         <source>there is no image format &quot;%1&quot;</source>
         <translation>es gibt kein Bildformat „%1“</translation>
     </message>
