@@ -35,14 +35,9 @@ add_test(NAME consumer_install COMMAND ${CMAKE_COMMAND}
   -P ${CMAKE_CURRENT_SOURCE_DIR}/consumer/install.cmake)
 set_tests_properties(consumer_install PROPERTIES LABELS builds FIXTURES_SETUP moved_prefix)
 
-# With Qt 6 our own host program as well, which may see nothing else; one version shows that.
-set(host_sources)
-if(PLAYWIDGET_QT EQUAL 6)
-  set(host_sources -DHOST_SOURCES=${PROJECT_SOURCE_DIR}/host)
-endif()
 playwidget_consumer(find_package ${CMAKE_CURRENT_SOURCE_DIR}/consumer consumer
   NEEDS moved_prefix
-  OPTIONS -DCMAKE_PREFIX_PATH=${prefix}/prefix/moved ${host_sources}
+  OPTIONS -DCMAKE_PREFIX_PATH=${prefix}/prefix/moved
   ARGUMENTS ${film})
 playwidget_consumer(host_tests ${PROJECT_SOURCE_DIR}/examples/hosttest tst_filmdialog
   NEEDS moved_prefix
@@ -75,7 +70,24 @@ set_tests_properties(consumer_install_static PROPERTIES
   LABELS builds
   FIXTURES_REQUIRED static_build
   FIXTURES_SETUP static_prefix)
+
+# With Qt 6 our own host program as well, which may see nothing else, and whose names stand beside
+# those of the libraries in one program; one version shows that.
+set(host_sources)
+if(PLAYWIDGET_QT EQUAL 6)
+  set(host_sources -DHOST_SOURCES=${PROJECT_SOURCE_DIR}/host)
+endif()
 playwidget_consumer(find_static ${CMAKE_CURRENT_SOURCE_DIR}/consumer consumer
   NEEDS static_prefix
-  OPTIONS -DCMAKE_PREFIX_PATH=${prefix}/static_prefix/moved
+  MAKES static_preview
+  OPTIONS -DCMAKE_PREFIX_PATH=${prefix}/static_prefix/moved ${host_sources}
   ARGUMENTS ${film})
+if(host_sources)
+  add_test(NAME consumer_static_preview COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/preview_commandline.sh
+    ${prefix}/find_static/host_build/playwidget-preview ${PROJECT_SOURCE_DIR}/samples
+    ${PROJECT_SOURCE_DIR}/host/desktop/playwidget-preview.1)
+  set_tests_properties(consumer_static_preview PROPERTIES
+    LABELS builds
+    FIXTURES_REQUIRED static_preview
+    TIMEOUT 120)
+endif()
