@@ -119,6 +119,30 @@ private Q_SLOTS:
                  QByteArray("0.400000"));
     }
 
+    void thePicturesAreOfTheLowestLevelThatTheyFitIn_data()
+    {
+        QTest::addColumn<int>("rate");
+        QTest::addColumn<QByteArray>("level");
+        // 60 macroblocks each: level 1 takes 1485 a second, 1.1 takes 3000, 1.2 takes 6000.
+        QTest::newRow("25 per second") << 25 << QByteArray("11");
+        QTest::newRow("60 per second") << 60 << QByteArray("12");
+    }
+    void thePicturesAreOfTheLowestLevelThatTheyFitIn()
+    {
+        QFETCH(int, rate);
+        QFETCH(QByteArray, level);
+        const QString film = m_clips.make(
+            "rate.mkv", QString("-f lavfi -i testsrc2=s=160x90:r=%1:d=0.4 -c:v ffv1").arg(rate));
+        const QString folder = m_clips.path(QString("rate%1").arg(rate));
+        run(film, folder);
+        QCOMPARE(m_status, 0);
+        QCOMPARE(outputOf("ffprobe",
+                          {"-v", "error", "-show_entries", "stream=level", "-of", "csv=p=0",
+                           folder + "/rate.red-cyan.mkv"})
+                     .trimmed(),
+                 level);
+    }
+
     void soundIsCopiedPacketByPacket()
     {
         const QString folder = m_clips.path("sound");
