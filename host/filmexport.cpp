@@ -61,19 +61,25 @@ std::int64_t seekBytes(void *file, std::int64_t offset, int whence)
     return target->seek(offset) ? offset : AVERROR(EIO);
 }
 
-/// Packed views say so, for players to take them apart.
+/// Packed views say so, for players to take them apart. Matroska cannot say so of interleaved rows
+/// without half of the players taking them for a film of half the height.
 const char *stereoMode(int mode)
 {
     switch (mode) {
     case Kest3DSlideBySlide:
         return "left_right";
-    case Kest3DInterleaved:
-        return "row_interleaved_lr";
     case Kest3DRedCyan:
         return "anaglyph_cyan_red";
     default:
         return nullptr;
     }
+}
+
+/// Of views side by side Matroska tells the shape of one, which has half of the columns and is as
+/// wide as the film. Players that do not take the views apart find the shape of the whole there.
+AVRational pixelShape(int mode)
+{
+    return mode == Kest3DSlideBySlide ? AVRational{2, 1} : AVRational{1, 1};
 }
 
 /// From it the encoder works out what a player has to be capable of.
@@ -134,6 +140,7 @@ void Conversion::begin(const KestPicture &first)
     openScaler();
     checked(avcodec_parameters_from_context(m_stream->codecpar, m_encoder.get()));
     m_stream->time_base = milliseconds;
+    m_stream->sample_aspect_ratio = pixelShape(m_order.mode);
     if (const char *stereo = stereoMode(m_order.mode))
         av_dict_set(&m_stream->metadata, "stereo_mode", stereo, 0);
     checked(avformat_write_header(m_output.get(), nullptr));

@@ -32,6 +32,24 @@ QImage imageOf(const QByteArray &pixels, QSize size, int number)
         .convertToFormat(QImage::Format_RGB32);
 }
 
+/// The first picture without 3D, of a film whose views lie in it as told.
+QImage firstPicture(const QString &film, KestStereoLayout layout)
+{
+    void *const engine = KestOpen("null");
+    void *reader = nullptr;
+    KestPicture picture = {};
+    KestAddFile(engine, 1, film.toUtf8().constData());
+    KestSetStereoLayout(engine, 1, layout);
+    KestReaderOpen(engine, 1, &reader);
+    KestReaderNext(reader, &picture);
+    const QImage copy = QImage(picture.pixels, picture.width, picture.height, picture.stride,
+                               QImage::Format_RGB32)
+                            .copy();
+    KestReaderClose(reader);
+    KestClose(engine);
+    return copy;
+}
+
 /// All pictures as the engine composes them, alpha left out of account as 0.
 QByteArray composedPixels(const QString &film, StereoSetting setting)
 {
@@ -105,6 +123,28 @@ private Q_SLOTS:
             const Frame frame = {both.copy(0, 0, 160, 90), 0, 0, both.copy(160, 0, 160, 90)};
             QCOMPARE(imageOf(exported, {160, 90}, i), compose(frame, {mode, 0.02}).picture);
         }
+    }
+
+    void readBackItHasTheFilmsShape_data()
+    {
+        QTest::addColumn<QString>("mode");
+        for (const char *mode : {"red-cyan", "interleaved", "side-by-side"})
+            QTest::newRow(mode) << QString(mode);
+    }
+    void readBackItHasTheFilmsShape()
+    {
+        QFETCH(QString, mode);
+        const QString folder = m_clips.path("shape");
+        run(m_film, folder, {"--export-lossless"}, mode);
+        QCOMPARE(m_status, 0);
+        const QString file = folder + "/film." + mode + ".mkv";
+        const QImage whole = imageOf(decodedPixels(file), {160, 90}, 0);
+        QCOMPARE(firstPicture(file, KestLayoutFlat), whole);
+        const bool isPacked = mode == "side-by-side";
+        const QImage seen = firstPicture(file, KestLayoutAsTagged);
+        QCOMPARE(seen.size(), QSize(160, 90));
+        QCOMPARE(seen, isPacked ? firstPicture(file, KestLayoutSideBySideHalf) : whole);
+        QCOMPARE(seen == whole, !isPacked);
     }
 
     void itLastsAsLongAsTheFilm()
