@@ -83,26 +83,30 @@ bool NewFile::open()
             return true;
         }
         if (!m_file.exists())
-            return false;
+            break;
     }
+    m_error = m_file.errorString();
     return false;
 }
 
 QString NewFile::commit()
 {
     // A full disk may come to light only now.
-    if (fsync(m_file.handle()) != 0)
+    if (fsync(m_file.handle()) != 0) {
+        m_error = qt_error_string();
         return {};
-    const QString part = m_file.fileName();
+    }
+    QFile part(m_file.fileName());
     for (int number = 1; number < 1000; ++number) {
         const QString name = numbered(m_wanted, number);
-        if (QFile::rename(part, name)) {  // never over an existing file
+        if (part.rename(name)) {  // never over an existing file
             m_file.close();
-            forget(part);
+            forget(m_file.fileName());
             return name;
         }
         if (!QFileInfo::exists(name))
-            return {};
+            break;
     }
+    m_error = part.errorString();
     return {};
 }

@@ -19,9 +19,10 @@ public:
     QString commit();
 
     /// What went wrong.
-    QString error() const { return m_file.errorString(); }
+    QString error() const { return m_error; }
 
 private:
     const QString m_wanted;
     QFile m_file;
+    QString m_error;
 };

@@ -1,5 +1,5 @@
-// A file that is being written when the program is left without coming back to it.
-// Not here: files that are finished, cancelled or fail (tst_filmexport.cpp).
+// A file that is being written when the program is left, or its folder goes.
+// Not here: films in files that are finished, cancelled or fail (tst_filmexport.cpp).
 #include "host/newfile.h"
 
 #include <QTemporaryDir>
@@ -50,6 +50,18 @@ private Q_SLOTS:
         QCOMPARE(WEXITSTATUS(status), 1);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
                  QStringList({QStringLiteral("film.mkv"), QStringLiteral("film.mkv.part")}));
+    }
+
+    void itSaysWhyItCannotBeFinished()
+    {
+        const QTemporaryDir room;
+        const QDir folder(room.filePath(QStringLiteral("folder")));
+        QVERIFY(folder.mkpath(QStringLiteral(".")));
+        NewFile file(folder.filePath(QStringLiteral("film.mkv")));
+        QVERIFY(file.open());
+        QVERIFY(QDir(folder).removeRecursively());
+        QCOMPARE(file.commit(), QString());
+        QCOMPARE(file.error(), QStringLiteral("Source file does not exist."));
     }
 };
 
