@@ -3,6 +3,7 @@
 #include "host/filmexport.h"
 
 #include "host/ffmpeg.h"
+#include "host/joinedtimes.h"
 #include "host/newfile.h"
 #include "host/streamcopy.h"
 
@@ -114,6 +115,7 @@ private:
     Scaler m_scaler;
     Picture m_frame{av_frame_alloc()};
     Packet m_encoded{av_packet_alloc()};
+    JoinedTimes m_times;
     std::int64_t m_last = AV_NOPTS_VALUE;  // ms, as the next
     std::int64_t m_interval = 0;
 };
@@ -207,7 +209,7 @@ void Conversion::add(const KestPicture &picture)
     if (!m_encoder)
         begin(picture);
     convert(picture);
-    std::int64_t time = av_rescale_q(picture.time, {1, 1000000}, milliseconds);
+    std::int64_t time = m_times.next(av_rescale_q(picture.time, {1, 1000000}, milliseconds));
     if (m_last != AV_NOPTS_VALUE) {
         time = std::max(time, m_last + 1);
         m_interval = time - m_last;

@@ -66,10 +66,12 @@ StreamCopy::StreamCopy(const QString &source, AVFormatContext &output)
     : m_output(output)
 {
     openInput(source);
+    m_pictures = av_find_best_stream(m_input.get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     for (unsigned i = 0; i < m_input->nb_streams; ++i) {
         AVStream &from = *m_input->streams[i];
         m_tracks.push_back(trackFor(from));
-        from.discard = m_tracks.back().to ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+        const bool isWanted = m_tracks.back().to || int(i) == m_pictures;
+        from.discard = isWanted ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
     }
     copyChapters(*m_input, m_output);
     av_dict_copy(&m_output.metadata, m_input->metadata, 0);
@@ -129,36 +131,54 @@ AVStream *StreamCopy::addStream(const AVStream &from)
 
 void StreamCopy::copyUntil(std::int64_t time)
 {
-    AVPacket *packet = m_packet.get();
-    // The end of the source, or as good as it, ends the copying.
-    while (packet->data || av_read_frame(m_input.get(), packet) >= 0) {
-        if (!isDue(*packet, time))
-            return;
-        write(*packet);
+    while (hasNext() && m_packet->dts <= time)
+        write();
+}
+
+/// The end of the source, or as good as it, ends the copying.
+bool StreamCopy::hasNext()
+{
+    while (!m_packet->buf) {
+        if (av_read_frame(m_input.get(), m_packet.get()) < 0)
+            return false;
+        if (!place(*m_packet))
+            av_packet_unref(m_packet.get());
     }
+    return true;
 }
 
-/// What is not copied is always due.
-bool StreamCopy::isDue(const AVPacket &packet, std::int64_t time) const
+/// When the packet is due, in ms; false when it is not copied. Where the pictures' times jump back,
+/// the other tracks move by as much, each once its own jump back, so that all stay in step. What then
+/// still overlaps by a packet or two is written at one moment, for Matroska refuses to go back.
+bool StreamCopy::place(AVPacket &packet)
 {
     const auto index = std::size_t(packet.stream_index);
-    if (index >= m_tracks.size() || !m_tracks[index].to || packet.dts == AV_NOPTS_VALUE)
-        return true;
-    return av_compare_ts(packet.dts, m_input->streams[index]->time_base, time, milliseconds) <= 0;
+    av_packet_rescale_ts(&packet, m_input->streams[index]->time_base, milliseconds);
+    if (packet.stream_index == m_pictures && packet.dts != AV_NOPTS_VALUE)
+        (void)m_times.next(packet.dts);
+    if (index >= m_tracks.size() || !m_tracks[index].to)
+        return false;
+    Track &track = m_tracks[index];
+    std::int64_t time = packet.dts == AV_NOPTS_VALUE ? packet.pts : packet.dts;
+    if (time == AV_NOPTS_VALUE)
+        time = std::max<std::int64_t>(0, track.last) - track.shift;
+    if (time + track.shift < track.last)
+        track.shift = m_times.shift();
+    packet.dts = track.last = std::max(time + track.shift, track.last);
+    packet.pts = packet.pts == AV_NOPTS_VALUE ? packet.dts
+                                              : std::max(packet.pts + track.shift, packet.dts);
+    return true;
 }
 
-void StreamCopy::write(AVPacket &packet)
+void StreamCopy::write()
 {
-    const auto index = std::size_t(packet.stream_index);
-    const Track *track = index < m_tracks.size() ? &m_tracks[index] : nullptr;
-    const bool isThere
-        = track && track->to && (!track->conversion || track->conversion->convert(packet));
-    if (!isThere) {
-        av_packet_unref(&packet);
+    const Track &track = m_tracks[std::size_t(m_packet->stream_index)];
+    if (track.conversion && !track.conversion->convert(*m_packet)) {
+        av_packet_unref(m_packet.get());
         return;
     }
-    packet.stream_index = track->to->index;
-    packet.pos = -1;
-    av_packet_rescale_ts(&packet, m_input->streams[index]->time_base, track->to->time_base);
-    checked(av_interleaved_write_frame(&m_output, &packet));
+    m_packet->stream_index = track.to->index;
+    m_packet->pos = -1;
+    av_packet_rescale_ts(m_packet.get(), milliseconds, track.to->time_base);
+    checked(av_interleaved_write_frame(&m_output, m_packet.get()));
 }

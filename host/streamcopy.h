@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/ffmpeg.h"
+#include "host/joinedtimes.h"
 #include "host/subrip.h"
 
 #include <QStringList>
@@ -19,7 +20,7 @@ public:
     /// must outlive this. Fails where Matroska cannot hold the sound.
     StreamCopy(const QString &source, AVFormatContext &output);
 
-    /// Writes what is due up to a time in ms.
+    /// Writes what is due up to a time in ms, counted as JoinedTimes does.
     void copyUntil(std::int64_t time);
 
     /// What Matroska cannot hold and has been left out, in words.
@@ -34,17 +35,22 @@ private:
     {
         AVStream *to = nullptr;  ///< null: left out
         std::unique_ptr<SubRip> conversion;
+        std::int64_t shift = 0;              ///< ms, as JoinedTimes has it
+        std::int64_t last = AV_NOPTS_VALUE;  ///< ms, when its latest packet is due
     };
 
     void openInput(const QString &source);
     Track trackFor(const AVStream &from);
     AVStream *addStream(const AVStream &from);
-    bool isDue(const AVPacket &packet, std::int64_t time) const;
-    void write(AVPacket &packet);
+    bool hasNext();
+    bool place(AVPacket &packet);
+    void write();
 
     AVFormatContext &m_output;
     std::unique_ptr<AVFormatContext, CloseInput> m_input;
     std::vector<Track> m_tracks;         // the source's, by index
-    Packet m_packet{av_packet_alloc()};  // read, and not due yet
+    int m_pictures = -1;                 // the index of theirs
+    JoinedTimes m_times;                 // of the pictures that have been read
+    Packet m_packet{av_packet_alloc()};  // read and placed, and not due yet
     QStringList m_leftOut;
 };

@@ -21,7 +21,7 @@ Codec openDecoder(const AVStream &stream)
     Codec decoder(codec ? avcodec_alloc_context3(codec) : nullptr);
     if (!decoder || avcodec_parameters_to_context(decoder.get(), stream.codecpar) < 0)
         return nullptr;
-    decoder->pkt_timebase = stream.time_base;
+    decoder->pkt_timebase = milliseconds;
     return avcodec_open2(decoder.get(), codec, nullptr) < 0 ? nullptr : std::move(decoder);
 }
 

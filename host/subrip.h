@@ -13,7 +13,7 @@ public:
     /// Makes the stream one of what convert() returns.
     void describe(AVStream &stream) const;
 
-    /// The same moment as SubRip; false where nothing is shown then, or it cannot be read.
+    /// The same moment, in ms, as SubRip; false where nothing is shown then, or it cannot be read.
     bool convert(AVPacket &packet) const;
 
 private:

@@ -144,6 +144,26 @@ private Q_SLOTS:
         QVERIFY(soundOf(file) == soundOf(source));
     }
 
+    void recordingsThatWereJoinedGoOnOneAfterTheOther()
+    {
+        // The second counts from where the first did, and begins with two packets of sound.
+        const QByteArray piece = Clips::read(film("piece.ts",
+                                                  "-f lavfi -i sine=d=2 -c:a mp2 -c:v libx264 "
+                                                  "-preset ultrafast -pix_fmt yuv420p"));
+        const QString file = exported(m_clips.write("joined.ts", piece + piece));
+        QCOMPARE(failureLines(m_summary), QStringList());
+        QVector<int> pictures = timesOf(file, "v");
+        std::sort(pictures.begin(), pictures.end());
+        QCOMPARE(pictures.size(), 100);
+        for (int i = 0; i < 100; ++i)
+            QCOMPARE(pictures[i] - pictures[0], i * 40);
+        const QVector<int> sound = timesOf(file, "a");
+        QCOMPARE(sound.size(), 2 * 77);
+        for (int i = 2; i < 77; ++i)
+            QCOMPARE(sound[77 + i] - sound[i], 2000);
+        QVERIFY(std::is_sorted(sound.begin(), sound.end()));
+    }
+
 private:
     QString film(const QString &name, const QString &more)
     {
@@ -184,6 +204,19 @@ private:
             if (stream["codec_type"].toString() == type)
                 return stream.toObject();
         return {};
+    }
+
+    /// In ms, as they lie in the file.
+    static QVector<int> timesOf(const QString &file, const QString &streams)
+    {
+        QVector<int> times;
+        const QByteArray lines = outputOf("ffprobe",
+                                          {"-v", "error", "-select_streams", streams,
+                                           "-show_entries", "packet=pts", "-of", "csv=p=0", file});
+        for (const QByteArray &line : lines.split('\n'))
+            if (!line.isEmpty())
+                times << line.split(',').first().toInt();
+        return times;
     }
 
     /// Its packets, one after the other.

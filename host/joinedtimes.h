@@ -1,0 +1,33 @@
+// JoinedTimes: the times of a film's pictures, which go on where those in its file jump back, as
+// recordings do that were joined.
+// Not here: sound and subtitles, which follow the pictures (streamcopy.cpp).
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+/// All times are in ms.
+class JoinedTimes
+{
+public:
+    /// When the next picture is due whose time in the file is this.
+    std::int64_t next(std::int64_t time)
+    {
+        if (m_last && time < *m_last - tolerance)
+            m_shift += *m_last + m_interval - time;
+        else if (m_last && time > *m_last)
+            m_interval = time - *m_last;
+        m_last = time;
+        return time + m_shift;
+    }
+
+    /// How much later than in the file the latest picture is.
+    std::int64_t shift() const { return m_shift; }
+
+private:
+    static constexpr int tolerance = 100;  // files that are merely untidy
+
+    std::optional<std::int64_t> m_last;
+    std::int64_t m_interval = 0;
+    std::int64_t m_shift = 0;
+};
