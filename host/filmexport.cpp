@@ -96,7 +96,7 @@ class Conversion
 public:
     Conversion(const FilmOrder &order, QFile &target);
     void add(const KestPicture &picture);
-    void finish();
+    bool finish(const FilmProgress &progress);
     const QStringList &leftOut() const { return m_others.leftOut(); }
 
 private:
@@ -219,14 +219,18 @@ void Conversion::add(const KestPicture &picture)
     encode(m_frame.get());
 }
 
-void Conversion::finish()
+/// The sound may go on for hours. False when it was cancelled.
+bool Conversion::finish(const FilmProgress &progress)
 {
     if (!m_encoder)
         throw Failure{Text::tr("none of its pictures can be decoded")};
     encode(nullptr);
-    m_others.copyUntil(INT64_MAX);
+    while (m_others.copyNext())
+        if (!progress(m_last))
+            return false;
     checked(av_write_trailer(m_output.get()));
     checked(m_output->pb->error);
+    return true;
 }
 
 /// Null: what the encoder still holds back.
@@ -265,8 +269,7 @@ bool readInto(Conversion &conversion, const FilmOrder &order, const FilmProgress
     }
     if (code != KestAtEnd)
         throw Failure{QCoreApplication::translate("Engine", KestErrorText(code))};
-    conversion.finish();
-    return true;
+    return conversion.finish(progress);
 }
 
 }  // namespace

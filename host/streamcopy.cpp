@@ -135,6 +135,14 @@ void StreamCopy::copyUntil(std::int64_t time)
         write();
 }
 
+bool StreamCopy::copyNext()
+{
+    if (!hasNext())
+        return false;
+    write();
+    return true;
+}
+
 /// The end of the source, or as good as it, ends the copying.
 bool StreamCopy::hasNext()
 {

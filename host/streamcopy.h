@@ -23,6 +23,9 @@ public:
     /// Writes what is due up to a time in ms, counted as JoinedTimes does.
     void copyUntil(std::int64_t time);
 
+    /// Writes one packet, whenever it is due; false when there is none left.
+    bool copyNext();
+
     /// What Matroska cannot hold and has been left out, in words.
     const QStringList &leftOut() const { return m_leftOut; }
 

@@ -164,6 +164,21 @@ private Q_SLOTS:
         QVERIFY(std::is_sorted(sound.begin(), sound.end()));
     }
 
+    void soundBeyondTheLastPictureIsStoppedToo()
+    {
+        const QString source = m_clips.make("sound.mkv",
+                                            "-f lavfi -i testsrc2=s=64x36:r=25:d=0.4 -f lavfi -i "
+                                            "sine=d=20 -c:a libvorbis");
+        int asked = 0;  // twice before the first picture, and after each of the ten
+        MediaEngine engine("null");
+        const ExportSummary summary = exportFilms(
+            engine, {{source, Kest3DRedCyan, 0.0, true}}, {m_clips.path("stopped"), false},
+            [](const ExportState &) {}, [&asked] { return ++asked > 20; });
+        QVERIFY(summary.stopped);
+        QCOMPARE(summary.files, QStringList());
+        QCOMPARE(QDir(m_clips.path("stopped")).entryList(QDir::Files), QStringList());
+    }
+
 private:
     QString film(const QString &name, const QString &more)
     {
