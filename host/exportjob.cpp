@@ -3,6 +3,7 @@
 #include "host/exportjob.h"
 
 #include "engine/mpv/kest_host.h"
+#include "host/depth.h"
 #include "host/filmexport.h"
 #include "host/mediaengine.h"
 #include "host/modenames.h"
@@ -91,7 +92,7 @@ QVector<Item> examined(MediaEngine &engine, const QVector<FilmSettings> &films,
 int openReader(const MediaEngine &engine, const Item &item, void **reader)
 {
     (void)PlayWidget::setMovie3DPropsDirect(engine.handle(), item.id, item.film.mode,
-                                            item.film.depth);
+                                            nearestDepth(item.film.depth));
     return KestReaderOpen(engine.handle(), item.id, reader);
 }
 

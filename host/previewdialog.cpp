@@ -250,12 +250,10 @@ Settings PreviewDialog::settings() const
 QVector<FilmSettings> PreviewDialog::filmsToExport() const
 {
     QVector<FilmSettings> films;
-    for (const Film &film : m_films.films()) {
-        const bool isOn = film.now.mode != Kest3DTurnOff;
-        if (isOn && film.facts.error.isEmpty() && !film.facts.audioOnly)
+    for (const Film &film : m_films.films())
+        if (film.facts.error.isEmpty() && !film.facts.audioOnly)
             films.append(film.now);
-    }
-    return films;
+    return ::filmsToExport(films);
 }
 
 void PreviewDialog::exportTo(const QString &folder)

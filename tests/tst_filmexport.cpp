@@ -95,7 +95,7 @@ private Q_SLOTS:
         const QString folder = m_clips.path("lossless");
         run(m_film, folder, {"--export-lossless"});
         QCOMPARE(m_status, 0);
-        const QByteArray composed = composedPixels(m_film, {Kest3DRedCyan, 0.02});
+        const QByteArray composed = composedPixels(m_film, {Kest3DRedCyan, 0.018});
         QCOMPARE(composed.size(), 25 * 160 * 90 * 3);
         QVERIFY(decodedPixels(folder + "/film.red-cyan.mkv") == composed);
     }
@@ -121,7 +121,7 @@ private Q_SLOTS:
         for (int i = 0; i < 10; ++i) {
             const QImage both = imageOf(source, {320, 90}, i);
             const Frame frame = {both.copy(0, 0, 160, 90), 0, 0, both.copy(160, 0, 160, 90)};
-            QCOMPARE(imageOf(exported, {160, 90}, i), compose(frame, {mode, 0.02}).picture);
+            QCOMPARE(imageOf(exported, {160, 90}, i), compose(frame, {mode, 0.018}).picture);
         }
     }
 
@@ -145,6 +145,15 @@ private Q_SLOTS:
         QCOMPARE(seen.size(), QSize(160, 90));
         QCOMPARE(seen, isPacked ? firstPicture(file, KestLayoutSideBySideHalf) : whole);
         QCOMPARE(seen == whole, !isPacked);
+    }
+
+    void theDepthIsTheNearestThatThePlayerShows()
+    {
+        const QString folder = m_clips.path("depth");
+        run(m_film, folder, {"--export-lossless"}, "red-cyan", 0.01);
+        QCOMPARE(m_status, 0);
+        QVERIFY(decodedPixels(folder + "/film.red-cyan.mkv")
+                == composedPixels(m_film, {Kest3DRedCyan, 0.012}));
     }
 
     void itLastsAsLongAsTheFilm()
@@ -254,22 +263,24 @@ private:
 
     /// Starts the export of one film; `before` are arguments in front of the program's.
     void start(QProcess &process, const QString &program, const QString &film,
-               const QString &folder, const QStringList &before,
-               const QString &mode = "red-cyan") const
+               const QString &folder, const QStringList &before, const QString &mode = "red-cyan",
+               double depth = 0.018) const
     {
-        const QString settings = m_clips.write(
-            "settings.json",
-            QString(R"([{"path": "%1", "mode": "%2", "depth": 0.02}])").arg(film, mode).toUtf8());
+        const QString settings
+            = m_clips.write("settings.json",
+                            QString(R"([{"path": "%1", "mode": "%2", "depth": %3}])")
+                                .arg(film, mode, QString::number(depth))
+                                .toUtf8());
         process.start(program,
                       before
                           + QStringList{"--no-window", "--settings", settings, "--export", folder});
     }
 
     void run(const QString &film, const QString &folder, const QStringList &more = {},
-             const QString &mode = "red-cyan")
+             const QString &mode = "red-cyan", double depth = 0.018)
     {
         QProcess process;
-        start(process, PREVIEW, film, folder, more, mode);
+        start(process, PREVIEW, film, folder, more, mode, depth);
         QVERIFY(process.waitForFinished(60000));
         m_status = process.exitCode();
         m_said = process.readAllStandardError();
