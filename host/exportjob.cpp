@@ -35,7 +35,7 @@ public:
         m_clock.start();
     }
 
-    void expect(long long duration) { m_total += duration; }
+    void expect(long long duration) { m_total += double(duration); }
 
     void begin(const QString &path)
     {
@@ -46,10 +46,11 @@ public:
 
     void show(long long time)
     {
-        const long long done = (m_done + time) * 1000 / qMax(1LL, m_total);
-        if (m_total == 0 || done <= m_state.done || done > 1000)
+        const double share = (m_done + double(time)) / qMax(1.0, m_total);
+        const int done = int(qBound(0.0, share, 1.0) * 1000);
+        if (m_total == 0 || done <= m_state.done)
             return;
-        m_state.done = int(done);
+        m_state.done = done;
         m_state.left = m_clock.elapsed() * (1000 - done) / done;
         m_watch(m_state);
     }
@@ -57,14 +58,14 @@ public:
     /// What a failed film has left over would have taken no time, and is not counted.
     void end(long long duration, bool failed)
     {
-        (failed ? m_total : m_done) += failed ? -duration : duration;
+        (failed ? m_total : m_done) += double(failed ? -duration : duration);
     }
 
 private:
     const ExportWatch &m_watch;
     ExportState m_state;
-    long long m_total = 0;  // ms
-    long long m_done = 0;   // ms
+    double m_total = 0;  // ms, of which a file may say any number
+    double m_done = 0;   // ms
     QElapsedTimer m_clock;
 };
 
@@ -77,14 +78,15 @@ struct Item
 
 /// Without what holds sound alone, which has no 3D whatever its settings say.
 QVector<Item> examined(MediaEngine &engine, const QVector<FilmSettings> &films,
-                       const ExportStop &stop)
+                       const ExportStop &stop, ExportSummary &summary)
 {
     QVector<Item> items;
-    for (int i = 0; i < films.size() && !stop(); ++i) {
+    for (int i = 0; i < films.size() && !summary.stopped; ++i) {
         engine.add(i + 1, films[i].path);
         const MediaFacts facts = engine.examine(i + 1);
         if (!facts.audioOnly)
             items.append({films[i], i + 1, facts});
+        summary.stopped = stop();
     }
     return items;
 }
@@ -132,6 +134,8 @@ void keep(const FilmResult &result, const QString &path, ExportSummary &summary)
         summary.failures.append({path, result.error});
     else if (!result.file.isEmpty())
         summary.files << result.file;
+    else
+        summary.stopped = true;
     for (const QString &text : result.leftOut)
         summary.leftOut.append({path, text});
 }
@@ -140,7 +144,8 @@ void exportItems(const MediaEngine &engine, const QVector<Item> &items, const Ex
                  Progress &progress, const ExportStop &stop, ExportSummary &summary)
 {
     for (const Item &item : items) {
-        if (stop())
+        summary.stopped = summary.stopped || stop();
+        if (summary.stopped)
             return;
         progress.begin(item.film.path);
         const FilmResult result = exportOne(engine, item, order, [&](long long time) {
@@ -172,12 +177,11 @@ ExportSummary exportFilms(MediaEngine &engine, const QVector<FilmSettings> &film
         return summary;
     }
     const QVector<FilmSettings> wanted = filmsToExport(films);
-    const QVector<Item> items = examined(engine, wanted, stop);
+    const QVector<Item> items = examined(engine, wanted, stop, summary);
     Progress progress(int(items.size()), watch);
     for (const Item &item : items)
         progress.expect(item.facts.duration);
     exportItems(engine, items, order, progress, stop, summary);
-    summary.stopped = stop() && summary.files.size() + summary.failures.size() < wanted.size();
     return summary;
 }
 

@@ -82,6 +82,49 @@ private Q_SLOTS:
                  QStringList("film.red-cyan.mkv"));
     }
 
+    void stoppedWhenNothingIsMissingItWasNotStopped()
+    {
+        const QString sound = m_clips.make("last.ogg", "-f lavfi -i sine=d=1 -c:a libvorbis");
+        const QString written = m_clips.path("done/film.red-cyan.mkv");
+        MediaEngine engine("null");
+        const ExportSummary summary = exportFilms(
+            engine, films(1) + QVector<FilmSettings>{{sound, Kest3DRedCyan, 0.0, true}},
+            {m_clips.path("done"), false}, [](const ExportState &) {},
+            [&written] { return QFile::exists(written); });
+        QCOMPARE(summary.files, QStringList(written));
+        QVERIFY(!summary.stopped);
+        QCOMPARE(failureLines(summary), QStringList());
+    }
+
+    void stoppedWhileItLooksIntoTheFilmsItWasStopped()
+    {
+        MediaEngine engine("null");
+        const ExportSummary summary = exportFilms(
+            engine, films(1), {m_clips.path("early"), false}, [](const ExportState &) {},
+            [] { return true; });
+        QVERIFY(summary.stopped);
+        QCOMPARE(summary.files, QStringList());
+    }
+
+    void lengthsThatAreNoFilmsAreCountedAllTheSame()
+    {
+        // Matroska keeps it as a number with a fraction, in ms: here 285 000 years.
+        QByteArray bytes = Clips::read(m_film);
+        const int place = bytes.indexOf(QByteArray::fromHex("448988"));
+        QVERIFY(place > 0);
+        bytes.replace(place + 3, 8, QByteArray::fromHex("433ff973cafa8000"));
+        const QString film = m_clips.write("endless.mkv", bytes);
+        QVector<ExportState> states;
+        MediaEngine engine("null");
+        const ExportSummary summary = exportFilms(
+            engine, QVector<FilmSettings>(3, {film, Kest3DRedCyan, 0.02, true}),
+            {m_clips.path("endless"), false},
+            [&states](const ExportState &state) { states.append(state); }, goOn);
+        QCOMPARE(summary.files.size(), 3);
+        QCOMPARE(states.last().number, 3);
+        QCOMPARE(states.last().done, 666);
+    }
+
     void memoryStaysFlatOverFilmsInARow()
     {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
