@@ -20,16 +20,20 @@ struct Text
 
 void show(const ExportState &state)
 {
-    const QString line = Text::tr("%1 of %2, %3: %4 %, %5 s left")
-                             .arg(state.number)
-                             .arg(state.count)
-                             .arg(QFileInfo(state.path).fileName())
-                             .arg(state.done / 10)
-                             .arg(state.left / 1000);
-    std::fprintf(stderr, "\r\033[K%s", line.toLocal8Bit().constData());
+    std::fprintf(stderr, "\r\033[K%s", exportLine(state).toLocal8Bit().constData());
 }
 
 }  // namespace
+
+QString exportLine(const ExportState &state)
+{
+    // All at once: a name may hold what looks like a place for the next.
+    const QString line
+        = Text::tr("%1 of %2, %3: %4 %")
+              .arg(QString::number(state.number), QString::number(state.count),
+                   QFileInfo(state.path).fileName(), QString::number(state.done / 10));
+    return state.left == 0 ? line : line + Text::tr(", %1 s left").arg(state.left / 1000);
+}
 
 ExportSummary exportOnConsole(MediaEngine &engine, const QVector<FilmSettings> &films,
                               const ExportOrder &order)
@@ -42,7 +46,5 @@ ExportSummary exportOnConsole(MediaEngine &engine, const QVector<FilmSettings> &
     const ExportSummary summary = exportFilms(engine, films, order, watch, &StopSignals::arrived);
     if (shown)
         std::fputs("\r\033[K", stderr);
-    for (const QString &file : summary.files)
-        std::printf("%s\n", file.toLocal8Bit().constData());
     return summary;
 }

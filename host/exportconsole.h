@@ -4,7 +4,9 @@
 
 #include "host/exportjob.h"
 
-/// Blocks. Tells how far it is on standard error where that is a terminal, and at the end what was
-/// written on standard output. A StopSignals stops it.
+/// What it tells on the way.
+QString exportLine(const ExportState &state);
+
+/// Blocks. Tells how far it is on standard error where that is a terminal. A StopSignals stops it.
 ExportSummary exportOnConsole(MediaEngine &engine, const QVector<FilmSettings> &films,
                               const ExportOrder &order);

@@ -118,6 +118,16 @@ int report(const ExportSummary &summary, int status)
     return status;
 }
 
+int exportAtOnce(MediaEngine &engine, const Settings &settings, const Options &options)
+{
+    const ExportSummary summary = exportOnConsole(engine, settings.films(), orderOf(options));
+    const int status = report(summary, Accepted);
+    QByteArray names;
+    for (const QString &file : summary.files)
+        names += file.toLocal8Bit() + '\n';
+    return print(names, ExitStatus(status));
+}
+
 int exportInWindow(const QVector<FilmSettings> &films, const Options &options, int status)
 {
     if (films.isEmpty())
@@ -139,7 +149,7 @@ int run(const Options &options)
     if (!engine.handle())
         return complain(Text::tr("the engine could not be opened"), Failed);
     if (options.noWindow)
-        return report(exportOnConsole(engine, settings.films(), orderOf(options)), Accepted);
+        return exportAtOnce(engine, settings, options);
     PreviewDialog dialog(engine, options, settings);
     dialog.open(filmsToOpen(options, settings));
     if (!options.screenshot.isEmpty())

@@ -121,5 +121,10 @@ complains "cannot be written"
     || failures=$((failures + 1))
 [[ ! -e $room/full.png ]] || fail "a full disk leaves half a picture"
 
+# --- an export whose files nobody can be told of
+"$program" --no-window --settings "$room/settings.json" --export "$room" >/dev/full 2>"$room/err"
+(($? == 3)) || fail "an export succeeds that could not tell what it wrote"
+complains "the output could not be written"
+
 printf '%s failures\n' "$failures"
 exit $((failures > 0))

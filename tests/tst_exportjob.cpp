@@ -2,7 +2,7 @@
 // Not here: what is in the files (tst_filmexport.cpp).
 #include "clips.h"
 #include "heap.h"
-#include "host/exportjob.h"
+#include "host/exportconsole.h"
 #include "host/mediaengine.h"
 
 #include <QtTest>
@@ -15,6 +15,8 @@ bool goOn()
 }
 
 }  // namespace
+
+Q_DECLARE_METATYPE(ExportState)
 
 class tst_ExportJob : public QObject
 {
@@ -123,6 +125,24 @@ private Q_SLOTS:
         QCOMPARE(summary.files.size(), 3);
         QCOMPARE(states.last().number, 3);
         QCOMPARE(states.last().done, 666);
+    }
+
+    void aLineSaysHowFarItIs_data()
+    {
+        QTest::addColumn<ExportState>("state");
+        QTest::addColumn<QString>("line");
+        QTest::newRow("at work") << ExportState{"/a/film.mkv", 1, 2, 345, 7500}
+                                 << "1 of 2, film.mkv: 34 %, 7 s left";
+        QTest::newRow("not known yet")
+            << ExportState{"/a/film.mkv", 1, 2, 0, 0} << "1 of 2, film.mkv: 0 %";
+        QTest::newRow("a name with places of its own")
+            << ExportState{"/a/%4 %5.mkv", 1, 2, 345, 7500} << "1 of 2, %4 %5.mkv: 34 %, 7 s left";
+    }
+    void aLineSaysHowFarItIs()
+    {
+        QFETCH(ExportState, state);
+        QFETCH(QString, line);
+        QCOMPARE(exportLine(state), line);
     }
 
     void memoryStaysFlatOverFilmsInARow()

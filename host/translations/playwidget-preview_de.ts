@@ -42,9 +42,14 @@
 <context>
     <name>Export</name>
     <message>
-        <location filename="../exportconsole.cpp" line="23"/>
-        <source>%1 of %2, %3: %4 %, %5 s left</source>
-        <translation>%1 von %2, %3: %4 %, noch %5 s</translation>
+        <location filename="../exportconsole.cpp" line="32"/>
+        <source>%1 of %2, %3: %4 %</source>
+        <translation>%1 von %2, %3: %4 %</translation>
+    </message>
+    <message>
+        <location filename="../exportconsole.cpp" line="35"/>
+        <source>, %1 s left</source>
+        <translation>, noch %1 s</translation>
     </message>
     <message>
         <location filename="../exportjob.cpp" line="157"/>
