@@ -90,6 +90,8 @@ void RenderContext::skip()
 
 QImage RenderContext::recycledImage(QSize size)
 {
+    if (size.isEmpty())  // such an image would never give its buffer back
+        return {};
     // libmpv is fastest when both the start and each row lie on 64 bytes.
     const std::size_t stride = (std::size_t(size.width()) * 4 + 63) / 64 * 64;
     const std::size_t bytes = stride * std::size_t(size.height());
