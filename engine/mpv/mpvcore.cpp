@@ -66,12 +66,16 @@ constexpr Option options[] = {
     {"cache", "no"},
 };
 
+/// For whoever copies the process's locale or changes it: duplocale() measures the names before it
+/// takes a lock of its own.
+std::mutex localeMutex;
+
 /// Decimal points for the calling thread alone.
 class PointLocale
 {
 public:
     PointLocale()
-        : m_point(newlocale(LC_NUMERIC_MASK, "C", duplocale(uselocale(nullptr))))
+        : m_point(copyWithPoint())
         , m_before(uselocale(m_point))
     { }
     ~PointLocale()
@@ -81,16 +85,21 @@ public:
     }
 
 private:
+    static locale_t copyWithPoint()
+    {
+        const std::lock_guard lock(localeMutex);
+        return newlocale(LC_NUMERIC_MASK, "C", duplocale(uselocale(nullptr)));
+    }
+
     const locale_t m_point;
     const locale_t m_before;
 };
 
 /// mpv_create() asks for the process's locale, not the thread's, and refuses most but "C". Only for
-/// that moment it is changed, and only where it differs; one thread at a time.
+/// that moment it is changed, and only where it differs.
 mpv_handle *createHandle()
 {
-    static std::mutex mutex;
-    const std::lock_guard lock(mutex);
+    const std::lock_guard lock(localeMutex);
     const std::string before = std::setlocale(LC_NUMERIC, nullptr);
     if (before == "C")
         return mpv_create();
