@@ -3,6 +3,7 @@
 // Not here: sound and subtitles, which follow the pictures (streamcopy.cpp).
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -10,11 +11,15 @@
 class JoinedTimes
 {
 public:
+    /// A file may say any number. These, some 30,000 years, can be added up.
+    static std::int64_t bounded(std::int64_t time) { return std::clamp(time, -furthest, furthest); }
+
     /// When the next picture is due whose time in the file is this.
     std::int64_t next(std::int64_t time)
     {
+        time = bounded(time);
         if (m_last && time < *m_last - tolerance)
-            m_shift += *m_last + m_interval - time;
+            m_shift = bounded(m_shift + *m_last + m_interval - time);
         else if (m_last && time > *m_last)
             m_interval = time - *m_last;
         m_last = time;
@@ -26,6 +31,7 @@ public:
 
 private:
     static constexpr int tolerance = 100;  // files that are merely untidy
+    static constexpr std::int64_t furthest = 1'000'000'000'000'000;
 
     std::optional<std::int64_t> m_last;
     std::int64_t m_interval = 0;

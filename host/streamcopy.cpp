@@ -170,11 +170,13 @@ bool StreamCopy::place(AVPacket &packet)
     std::int64_t time = packet.dts == AV_NOPTS_VALUE ? packet.pts : packet.dts;
     if (time == AV_NOPTS_VALUE)
         time = std::max<std::int64_t>(0, track.last) - track.shift;
+    time = JoinedTimes::bounded(time);
     if (time + track.shift < track.last)
         track.shift = m_times.shift();
     packet.dts = track.last = std::max(time + track.shift, track.last);
-    packet.pts = packet.pts == AV_NOPTS_VALUE ? packet.dts
-                                              : std::max(packet.pts + track.shift, packet.dts);
+    packet.pts = packet.pts == AV_NOPTS_VALUE
+        ? packet.dts
+        : std::max(JoinedTimes::bounded(packet.pts) + track.shift, packet.dts);
     return true;
 }
 
