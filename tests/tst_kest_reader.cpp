@@ -229,6 +229,19 @@ private Q_SLOTS:
         QCOMPARE(readInAnotherProcess(stopNowAndThen), undisturbed);
     }
 
+    void doesNotWaitWhileTheLastPictureLasts()
+    {
+        const QString file
+            = m_clips.make("slides.mp4", "-f lavfi -i testsrc2=s=160x90:r=1/20:d=40 -c:v libx264");
+        QVERIFY(!file.isEmpty());
+        QElapsedTimer watch;
+        watch.start();
+        Reading film(file);
+        QCOMPARE(film.times(), every(20000000, 2));
+        QCOMPARE(film.code, int(KestAtEnd));
+        QVERIFY(watch.elapsed() < 10000);
+    }
+
     void isReadInAnyThreadAndOutlivesTheEngine()
     {
         Reading film(m_colours);

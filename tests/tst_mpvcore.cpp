@@ -1,6 +1,8 @@
-// MpvCore: the volume curve, and a player under any locale.
+// MpvCore: the volume curve, a player under any locale, and one step after the other.
 // Not here: playing (tst_kest_playing.cpp).
+#include "clips.h"
 #include "engine/mpv/mpvcore.h"
+#include "engine/mpv/rendercontext.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -26,6 +28,48 @@ bool near(double one, double other)
 {
     return std::fabs(one - other) < 1e-9;
 }
+
+/// A paused player whose pictures nobody looks at.
+class Stepping
+{
+public:
+    explicit Stepping(const QString &film)
+        : core(MpvCore::open("null"))
+        , m_context(RenderContext::make(
+              core, [](void *) {}, nullptr))
+    {
+        core->setPicturesOnly();
+        core->setPaused(true);
+        core->load(film.toStdString());
+    }
+
+    bool waitForFirstPicture()
+    {
+        return QTest::qWaitFor([this] {
+            letGoOn();
+            return core->nextEvent().event_id == MPV_EVENT_PLAYBACK_RESTART;
+        });
+    }
+
+    bool waitForPause()
+    {
+        return QTest::qWaitFor([this] {
+            letGoOn();
+            return core->isPaused();
+        });
+    }
+
+    const std::shared_ptr<MpvCore> core;
+
+private:
+    void letGoOn()
+    {
+        if (m_context->frameWaits())
+            m_context->skip();
+    }
+
+    const std::unique_ptr<RenderContext> m_context;
+};
 
 }  // namespace
 
@@ -57,6 +101,18 @@ private Q_SLOTS:
         QVERIFY(MpvCore::open("null"));
         // Found to be missing only when a sound is to be played, and then there is none.
         QVERIFY(MpvCore::open("no-such-output"));
+    }
+
+    void isNotPausedUntilAStepIsDone()
+    {
+        const Clips clips;
+        Stepping film(clips.pattern("film.mkv", "160x90", 1));
+        QVERIFY(film.waitForFirstPicture());
+        for (int i = 1; i < 25; ++i) {
+            film.core->step();
+            QVERIFY(film.waitForPause());
+            QCOMPARE(film.core->position(), i / 25.0);
+        }
     }
 
     void opensUnderADecimalComma_data()

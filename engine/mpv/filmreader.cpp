@@ -72,7 +72,7 @@ void FilmReader::wake(void *reader)
 bool FilmReader::sleep()
 {
     std::unique_lock lock(m_lock);
-    m_bell.wait_for(lock, std::chrono::seconds(1), [this] { return m_woken; });
+    m_bell.wait_for(lock, std::chrono::milliseconds(20), [this] { return m_woken; });
     return std::exchange(m_woken, false);
 }
 
@@ -108,6 +108,8 @@ bool FilmReader::pictureMissed()
         return false;
     if (m_core->isAtEnd())
         m_code = KestAtEnd;
+    else if (sleep())  // a picture that took long came while we asked
+        return pictureWaits();
     else
         m_core->awaitOutput();
     return m_code == KestOk;

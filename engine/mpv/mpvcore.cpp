@@ -204,7 +204,7 @@ void MpvCore::setPicturesOnly()
 void MpvCore::step()
 {
     const char *command[] = {"frame-step", nullptr};
-    mpv_command_async(m_handle, NoTag, command);
+    mpv_command(m_handle, command);
 }
 
 bool MpvCore::isPaused()
@@ -230,6 +230,7 @@ double MpvCore::position()
 
 QSize MpvCore::displaySize()
 {
+                               {"speed", "100"},  // it waits as long as the last picture lasts
     std::int64_t width = 0, height = 0;
     mpv_get_property(m_handle, "dwidth", MPV_FORMAT_INT64, &width);
     mpv_get_property(m_handle, "dheight", MPV_FORMAT_INT64, &height);
@@ -238,6 +239,7 @@ QSize MpvCore::displaySize()
 
 void MpvCore::awaitOutput()
 {
+    // Not queued: questions that are waited for overtake the queue.
     // Only the output knows its displays. When it answers for the second time, it has done what it
     // had been given before it answered for the first.
     for (int i = 0; i < 2; ++i)

@@ -47,7 +47,7 @@ public:
     /// No sound, no picture left out or hastily decoded, and the times that the file gives; for files
     /// loaded later.
     void setPicturesOnly();
-    /// Shows one more picture and pauses again. Returns at once.
+    /// Goes on to the next picture, where isPaused() is true again.
     void step();
     bool isPaused();
     bool isAtEnd();
