@@ -155,6 +155,32 @@ private Q_SLOTS:
         QCOMPARE(stage.position(), 3520u);
     }
 
+    void aFilmComesAfterAnyNumberOfCallsInOneGo()
+    {
+        EngineStage stage;
+        for (int i = 0; i < 1500; ++i)
+            QCOMPARE(KestChangeVolume(stage.engine, i % 201), int(KestOk));
+        QCOMPARE(stage.open(m_colours), int(KestOk));
+        QTRY_VERIFY(stage.showsAtCentre(red));
+    }
+
+    void ofAnyNumberOfCallsInOneGoTheLastCount()
+    {
+        EngineStage stage;
+        QCOMPARE(stage.open(m_colours), int(KestOk));
+        QTRY_VERIFY(stage.showsAtCentre(red));
+        for (int i = 0; i < 500; ++i) {
+            QCOMPARE(KestChangeVolume(stage.engine, i % 201), int(KestOk));
+            QCOMPARE(KestPlay(stage.engine), int(KestOk));
+            QCOMPARE(KestPause(stage.engine), int(KestOk));
+        }
+        QCOMPARE(KestSetCurPos(stage.engine, 2480), int(KestOk));
+        QTRY_COMPARE(stage.position(), 2480u);
+        QTRY_VERIFY(stage.showsAtCentre(blue));
+        QTest::qWait(100);
+        QCOMPARE(stage.position(), 2480u);
+    }
+
     void aSeekBeyondTheEndWhilePausedShowsTheLastPicture()
     {
         EngineStage stage;

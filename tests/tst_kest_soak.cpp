@@ -72,7 +72,7 @@ private:
     {
         QElapsedTimer time;
         time.start();
-        while (mpv_wait_event(m_core->handle(), 0.005)->event_id != wanted) {
+        while (nextEvent() != wanted) {
             draw();
             if (time.elapsed() > 5000)
                 qFatal("the player does not answer");
@@ -82,8 +82,16 @@ private:
     void drawFor(int milliseconds)
     {
         QElapsedTimer time;
-        for (time.start(); time.elapsed() < milliseconds; mpv_wait_event(m_core->handle(), 0.005))
+        for (time.start(); time.elapsed() < milliseconds; nextEvent())
             draw();
+    }
+
+    mpv_event_id nextEvent()
+    {
+        const mpv_event_id event = m_core->nextEvent().event_id;
+        if (event == MPV_EVENT_NONE)
+            QThread::msleep(1);
+        return event;
     }
 
     void draw()

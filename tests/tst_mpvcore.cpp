@@ -71,6 +71,19 @@ private:
     const std::unique_ptr<RenderContext> m_context;
 };
 
+/// Adds the tags of the replies that are there.
+void takeReplies(MpvCore &core, std::vector<std::uint64_t> &tags)
+{
+    for (;;) {
+        const mpv_event &event = core.nextEvent();
+        if (event.event_id == MPV_EVENT_NONE)
+            return;
+        if (event.event_id == MPV_EVENT_SET_PROPERTY_REPLY
+            || event.event_id == MPV_EVENT_GET_PROPERTY_REPLY)
+            tags.push_back(event.reply_userdata);
+    }
+}
+
 }  // namespace
 
 class tst_MpvCore : public QObject
@@ -113,6 +126,30 @@ private Q_SLOTS:
             QVERIFY(film.waitForPause());
             QCOMPARE(film.core->position(), i / 25.0);
         }
+    }
+
+    void answersAnyNumberOfRequestsInTheirOrder()
+    {
+        const auto core = MpvCore::open("null");
+        std::vector<std::uint64_t> asked, answered;
+        for (int i = 0; i < 1500; ++i) {
+            core->setVolume(i % 2 ? 0 : 100);
+            core->askPosition();
+            core->setPaused(i % 2);
+            core->askAtEnd();
+            for (const auto tag :
+                 {MpvCore::NoTag, MpvCore::Position, MpvCore::NoTag, MpvCore::AtEnd})
+                asked.push_back(tag);
+        }
+        QVERIFY(QTest::qWaitFor([&] {
+            takeReplies(*core, answered);
+            return answered.size() >= asked.size();
+        }));
+        QCOMPARE(answered, asked);
+        QVERIFY(core->isPaused());
+        double volume = 0;
+        mpv_get_property(core->handle(), "volume", MPV_FORMAT_DOUBLE, &volume);
+        QCOMPARE(volume, 0.0);
     }
 
     void opensUnderADecimalComma_data()

@@ -5,8 +5,11 @@
 #include <clocale>
 #include <locale.h>
 #include <mutex>
+#include <utility>
 
 namespace {
+
+constexpr int mostUnanswered = 200;  // requests; what else the player tells needs room, too
 
 struct Option
 {
@@ -119,6 +122,31 @@ void observe(mpv_handle *handle)
         mpv_request_event(handle, silent, 0);
 }
 
+int sendSeek(mpv_handle *handle, double seconds)
+{
+    // The number goes as a number: as text it would be read in the locale of the moment.
+    char name[] = "seek";
+    char flags[] = "absolute+exact";
+    mpv_node arguments[3] = {};
+    arguments[0].format = arguments[2].format = MPV_FORMAT_STRING;
+    arguments[0].u.string = name;
+    arguments[1].format = MPV_FORMAT_DOUBLE;
+    arguments[1].u.double_ = seconds;
+    arguments[2].u.string = flags;
+    mpv_node_list list = {3, arguments, nullptr};
+    mpv_node command = {};
+    command.format = MPV_FORMAT_NODE_ARRAY;
+    command.u.list = &list;
+    return mpv_command_node_async(handle, MpvCore::Seek, &command);
+}
+
+bool isReply(const mpv_event &event)
+{
+    return event.event_id == MPV_EVENT_COMMAND_REPLY
+        || event.event_id == MPV_EVENT_SET_PROPERTY_REPLY
+        || event.event_id == MPV_EVENT_GET_PROPERTY_REPLY;
+}
+
 }  // namespace
 
 std::shared_ptr<MpvCore> MpvCore::open(const char *audioOutput)
@@ -148,46 +176,53 @@ void MpvCore::setWakeup(void (*wake)(void *), void *user)
     mpv_set_wakeup_callback(m_handle, wake, user);
 }
 
+void MpvCore::request(Request request)
+{
+    m_waiting.push_back(std::move(request));
+    sendWaiting();
+}
+
+void MpvCore::sendWaiting()
+{
+    for (; !m_waiting.empty() && m_unanswered < mostUnanswered; m_waiting.pop_front()) {
+        if (m_waiting.front()(m_handle) >= 0)
+            ++m_unanswered;
+    }
+}
+
 void MpvCore::load(const std::string &absolutePath)
 {
-    const char *command[] = {"loadfile", absolutePath.c_str(), nullptr};
-    mpv_command_async(m_handle, Load, command);
+    request([absolutePath](mpv_handle *handle) {
+        const char *command[] = {"loadfile", absolutePath.c_str(), nullptr};
+        return mpv_command_async(handle, Load, command);
+    });
 }
 
 void MpvCore::stop()
 {
-    const char *command[] = {"stop", nullptr};
-    mpv_command_async(m_handle, NoTag, command);
+    request([](mpv_handle *handle) {
+        const char *command[] = {"stop", nullptr};
+        return mpv_command_async(handle, NoTag, command);
+    });
 }
 
 void MpvCore::seek(double seconds)
 {
-    // The number goes as a number: as text it would be read in the locale of the moment.
-    char name[] = "seek";
-    char flags[] = "absolute+exact";
-    mpv_node arguments[3] = {};
-    arguments[0].format = arguments[2].format = MPV_FORMAT_STRING;
-    arguments[0].u.string = name;
-    arguments[1].format = MPV_FORMAT_DOUBLE;
-    arguments[1].u.double_ = seconds;
-    arguments[2].u.string = flags;
-    mpv_node_list list = {3, arguments, nullptr};
-    mpv_node command = {};
-    command.format = MPV_FORMAT_NODE_ARRAY;
-    command.u.list = &list;
-    mpv_command_node_async(m_handle, Seek, &command);
+    request([seconds](mpv_handle *handle) { return sendSeek(handle, seconds); });
 }
 
 void MpvCore::setPaused(bool paused)
 {
-    int flag = paused;
-    mpv_set_property_async(m_handle, NoTag, "pause", MPV_FORMAT_FLAG, &flag);
+    request([flag = int(paused)](mpv_handle *handle) mutable {
+        return mpv_set_property_async(handle, NoTag, "pause", MPV_FORMAT_FLAG, &flag);
+    });
 }
 
 void MpvCore::setVolume(int volume)
 {
-    double value = playerVolume(volume);
-    mpv_set_property_async(m_handle, NoTag, "volume", MPV_FORMAT_DOUBLE, &value);
+    request([value = playerVolume(volume)](mpv_handle *handle) mutable {
+        return mpv_set_property_async(handle, NoTag, "volume", MPV_FORMAT_DOUBLE, &value);
+    });
 }
 
 void MpvCore::setPicturesOnly()
@@ -195,6 +230,7 @@ void MpvCore::setPicturesOnly()
     constexpr Option ones[] = {{"aid", "no"},
                                {"untimed", "yes"},
                                {"framedrop", "no"},
+                               {"speed", "100"},  // it waits as long as the last picture lasts
                                {"rebase-start-time", "no"},
                                {"vd-lavc-skiploopfilter", "default"}};
     for (const Option &option : ones)
@@ -203,6 +239,7 @@ void MpvCore::setPicturesOnly()
 
 void MpvCore::step()
 {
+    // Not queued: questions that are waited for overtake the queue.
     const char *command[] = {"frame-step", nullptr};
     mpv_command(m_handle, command);
 }
@@ -230,7 +267,6 @@ double MpvCore::position()
 
 QSize MpvCore::displaySize()
 {
-                               {"speed", "100"},  // it waits as long as the last picture lasts
     std::int64_t width = 0, height = 0;
     mpv_get_property(m_handle, "dwidth", MPV_FORMAT_INT64, &width);
     mpv_get_property(m_handle, "dheight", MPV_FORMAT_INT64, &height);
@@ -239,7 +275,6 @@ QSize MpvCore::displaySize()
 
 void MpvCore::awaitOutput()
 {
-    // Not queued: questions that are waited for overtake the queue.
     // Only the output knows its displays. When it answers for the second time, it has done what it
     // had been given before it answered for the first.
     for (int i = 0; i < 2; ++i)
@@ -248,15 +283,24 @@ void MpvCore::awaitOutput()
 
 void MpvCore::askPosition()
 {
-    mpv_get_property_async(m_handle, Position, "time-pos", MPV_FORMAT_DOUBLE);
+    request([](mpv_handle *handle) {
+        return mpv_get_property_async(handle, Position, "time-pos", MPV_FORMAT_DOUBLE);
+    });
 }
 
 void MpvCore::askAtEnd()
 {
-    mpv_get_property_async(m_handle, AtEnd, "eof-reached", MPV_FORMAT_FLAG);
+    request([](mpv_handle *handle) {
+        return mpv_get_property_async(handle, AtEnd, "eof-reached", MPV_FORMAT_FLAG);
+    });
 }
 
 const mpv_event &MpvCore::nextEvent()
 {
-    return *mpv_wait_event(m_handle, 0);
+    const mpv_event &event = *mpv_wait_event(m_handle, 0);
+    if (isReply(event)) {
+        --m_unanswered;
+        sendWaiting();
+    }
+    return event;
 }

@@ -8,6 +8,8 @@
 
 #include <cmath>
 #include <cstdint>
+#include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -19,7 +21,9 @@ inline double playerVolume(int volume)
     return 100.0 * std::cbrt(gain);
 }
 
-/// All commands are queued and return at once; what comes of them is told by events.
+/// Commands are queued and return at once; what comes of them is told by events. The player has room
+/// for 1000 replies and events, then refuses requests and drops events: so while 200 replies are to
+/// come or to be taken, further requests wait here, in their order. One thread at a time.
 class MpvCore
 {
 public:
@@ -63,7 +67,8 @@ public:
     void askPosition();
     void askAtEnd();
 
-    /// The next event, of id MPV_EVENT_NONE when there is none. Good until the next call.
+    /// The next event, of id MPV_EVENT_NONE when there is none. Good until the next call. A reply that
+    /// is taken makes way for a request that waits.
     const mpv_event &nextEvent();
 
     mpv_handle *handle() const { return m_handle; }
@@ -73,5 +78,13 @@ private:
         : m_handle(handle)
     { }
 
+    /// Makes a request of the player; negative when it was refused, and no reply will come.
+    using Request = std::function<int(mpv_handle *)>;
+
+    void request(Request request);
+    void sendWaiting();
+
     mpv_handle *const m_handle;
+    std::deque<Request> m_waiting;
+    int m_unanswered = 0;  // requests that were sent and whose reply has not been taken
 };
