@@ -137,6 +137,37 @@ private Q_SLOTS:
 private:
     static void slow(const QString &film)
     {
+    void aFailureThatMayPassIsRememberedForAWhileOnly()
+    {
+        enum { TooSlow = 1, Failing = 2 };
+        EngineStage stage;
+        QCOMPARE(stage.add(TooSlow, m_film), int(KestOk));
+        QCOMPARE(stage.add(Failing, m_film), int(KestOk));
+        long long duration = -1;
+        delay = KestProbeMilliseconds;
+        QCOMPARE(KestGetMediaDuration(stage.engine, TooSlow, &duration), int(KestErrorTimeout));
+        QCOMPARE(int(slowReads), 1);
+        delay = 0;
+        broken = true;
+        QCOMPARE(KestGetMediaDuration(stage.engine, Failing, &duration), int(KestErrorUnreadable));
+        broken = false;
+        slowReads = 0;
+
+        // The calls that follow each other when an item is played wait no second time.
+        QCOMPARE(stage.begin(TooSlow), int(KestOk));
+        QCOMPARE(KestPlay(stage.engine), int(KestErrorTimeout));
+        QCOMPARE(stage.begin(Failing), int(KestOk));
+        QCOMPARE(KestPlay(stage.engine), int(KestErrorUnreadable));
+        QCOMPARE(int(slowReads), 0);
+        QCOMPARE(duration, -1LL);
+
+        for (const int fileId : {TooSlow, Failing}) {
+            QTRY_COMPARE_WITH_TIMEOUT(KestGetMediaDuration(stage.engine, fileId, &duration),
+                                      int(KestOk), 2 * KestProbeMilliseconds);
+            QCOMPARE(std::exchange(duration, -1), 2000LL);
+        }
+    }
+
         struct stat status = {};
         QCOMPARE(stat(film.toLocal8Bit().constData(), &status), 0);
         slowFile = status.st_ino;

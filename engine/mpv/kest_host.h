@@ -26,8 +26,10 @@ enum KestResult {
     KestErrorNoPicture = -14   ///< the file holds sound alone
 };
 
-/// The longest time that a file is examined for, which is done when its length, its streams or an
-/// edit of it are asked for and it is new or has changed. The calling thread waits for it.
+/// The time in ms after which examining a file is given up, though a read under way is waited for. It
+/// is done when the file's length or streams, an edit or a reader of it are asked for, and it is new or
+/// has changed; the calling thread waits. A file that could not be read, or not in time, counts as new
+/// again when this time has passed once more. An edit keeps what was found when it began.
 enum { KestProbeMilliseconds = 3000 };
 
 /// How the views of a stereo film lie in its frames. Half: each view is squeezed to half of its width

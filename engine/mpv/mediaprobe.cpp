@@ -369,13 +369,21 @@ MediaProbe::Stamp MediaProbe::stampOf(const std::string &path)
             status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
 }
 
+bool MediaProbe::isOutdated(const Entry &entry)
+{
+    const int code = entry.facts.code;
+    return (code == KestErrorTimeout || code == KestErrorUnreadable)
+        && Clock::now() - entry.examined >= std::chrono::milliseconds(KestProbeMilliseconds);
+}
+
 ProbedFile &MediaProbe::facts(int fileId, const std::string &path)
 {
     const Stamp now = stampOf(path);
     const auto found = m_entries.find(fileId);
-    if (found != m_entries.end() && found->second.path == path && found->second.stamp == now)
+    if (found != m_entries.end() && found->second.path == path && found->second.stamp == now
+        && !isOutdated(found->second))
         return found->second.facts;
-    const Entry entry{path, now, probeMedia(path)};
+    const Entry entry{path, now, probeMedia(path), Clock::now()};
     return m_entries.insert_or_assign(fileId, entry).first->second.facts;
 }
 

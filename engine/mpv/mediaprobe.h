@@ -1,11 +1,12 @@
 // MediaProbe: what a file is: playable or not and why, how long, of which streams, in what shape.
-// Not here: playing it. A file is examined once and again only after it has changed.
+// Not here: playing it.
 #pragma once
 
 #include "engine/mpv/kest_host.h"
 #include "engine/mpv/mailbox.h"
 
 #include <array>
+#include <chrono>
 #include <map>
 #include <string>
 #include <vector>
@@ -24,11 +25,13 @@ struct ProbedFile
 /// moving picture or a sound that can be decoded; play lists, subtitles and still pictures do not.
 ProbedFile probeMedia(const std::string &path);
 
-/// Remembers what probeMedia() said, by file id.
+/// Remembers what probeMedia() said, by file id, until the file changes. A failure that may pass, to
+/// read it or to be done in time, is remembered for KestProbeMilliseconds only: long enough that the
+/// calls of one action wait for it once, short enough that the next action tries again.
 class MediaProbe
 {
 public:
-    /// The reference is good until the file has changed or is forgotten.
+    /// The reference is good until the next call that names the file.
     ProbedFile &facts(int fileId, const std::string &path);
     void forget(int fileId);
 
@@ -41,9 +44,11 @@ private:
         std::string path;
         Stamp stamp;
         ProbedFile facts;
+        std::chrono::steady_clock::time_point examined;
     };
 
     static Stamp stampOf(const std::string &path);
+    static bool isOutdated(const Entry &entry);
 
     std::map<int, Entry> m_entries;
 };
