@@ -126,6 +126,19 @@ private Q_SLOTS:
         QCOMPARE(mailbox.take(&receiver)->epoch, before);
     }
 
+    void aSeekThatFollowsAtOnceHasNotSettled()
+    {
+        Mailbox mailbox;
+        mailbox.beginEdit({}, wide);
+        mailbox.filmBegun();
+        const quint64 before = mailbox.epoch();
+        mailbox.settle();
+        mailbox.seekBegun();
+        QCOMPARE(mailbox.wait().settled, before);
+        mailbox.settle();
+        QCOMPARE(mailbox.wait().settled, mailbox.epoch());
+    }
+
     void onlyTheReceiverIsHeard()
     {
         Mailbox mailbox;

@@ -37,8 +37,8 @@ struct RenderOrder
 {
     bool stop = false;
     bool frameDue = false;  ///< the player may have a new picture
-    bool settled = false;   ///< the player has a picture, perhaps one that was missed
     bool settingNew = false;
+    quint64 settled = 0;    ///< epoch that the player has a picture of now, perhaps a missed one
     quint64 epoch = 0;      ///< 0: no edit is open
     quint64 editEpoch = 0;  ///< pictures of an earlier epoch belong to an edit that is over
     QSize size;  ///< of the picture on screen, turned, in device pixels; empty: nobody sees it
@@ -126,7 +126,10 @@ public:
     /// tells of no new picture; this makes good for it.
     void settle()
     {
-        change([&] { return m_settled = true; });
+        change([&] {
+            m_settled = m_epoch;
+            return true;
+        });
     }
 
     void stop()
@@ -203,7 +206,7 @@ public:
         RenderOrder order;
         order.stop = m_stop;
         order.frameDue = std::exchange(m_frameDue, false);
-        order.settled = std::exchange(m_settled, false);
+        order.settled = std::exchange(m_settled, 0);
         order.settingNew = std::exchange(m_settingNew, false);
         order.epoch = m_editEpoch ? m_epoch : 0;
         order.editEpoch = m_editEpoch;
@@ -243,9 +246,9 @@ private:
     bool m_changed = false;
     bool m_stop = false;
     bool m_frameDue = false;
-    bool m_settled = false;
     bool m_settingNew = false;
-    bool m_rung = false;  // a frameEvent is on its way
+    bool m_rung = false;    // a frameEvent is on its way
+    quint64 m_settled = 0;  // the epoch that settle() spoke of; 0: nothing new
     quint64 m_epoch = 0;
     quint64 m_editEpoch = 0;  // the epoch that the open edit's film began in; 0: there is none yet
     QSize m_area;

@@ -45,9 +45,12 @@ void RenderThread::run()
 void RenderThread::carryOut(const RenderOrder &order)
 {
     const bool fresh = order.frameDue && m_context->frameWaits();
-    const bool missed = order.settled && m_epoch != order.epoch;
-    if (fresh || missed)
+    // During a seek that takes its time the player draws the picture from before it once more.
+    if (fresh && m_context->frameIsNew())
         m_epoch = order.epoch;
+    const bool missed = m_epoch < order.settled;
+    if (missed)
+        m_epoch = order.settled;
     if (m_epoch < order.editEpoch || !order.epoch || order.size.isEmpty()) {
         // The player must not wait for a picture that nobody sees.
         if (fresh)
