@@ -98,18 +98,6 @@ int openReader(const MediaEngine &engine, const Item &item, void **reader)
     return KestReaderOpen(engine.handle(), item.id, reader);
 }
 
-KestStreamInfo picturesOf(const MediaEngine &engine, int filmId)
-{
-    void *records = nullptr;
-    const int count = KestGetMediaInfo(engine.handle(), filmId, &records);
-    const auto *streams = static_cast<const KestStreamInfo *>(records);
-    const auto *end = streams + qMax(0, count);
-    const auto *found = std::find_if(streams, end, [](const KestStreamInfo &stream) {
-        return stream.kind == KestStreamPicture;
-    });
-    return found == end ? KestStreamInfo{} : *found;
-}
-
 FilmResult exportOne(const MediaEngine &engine, const Item &item, const ExportOrder &order,
                      const FilmProgress &progress)
 {
@@ -124,7 +112,7 @@ FilmResult exportOne(const MediaEngine &engine, const Item &item, const ExportOr
     one.target = QDir(order.folder).filePath(name + '.' + modeName(item.film.mode) + ".mkv");
     one.mode = item.film.mode;
     one.lossless = order.lossless;
-    one.pictures = picturesOf(engine, item.id);
+    one.frameRate = item.facts.frameRate;
     return exportFilm(one, progress);
 }
 

@@ -2,6 +2,7 @@
 // Not here: what is copied from the source (streamcopy.cpp), the file's name and fate (newfile.cpp).
 #include "host/filmexport.h"
 
+#include "engine/mpv/kest_host.h"
 #include "host/ffmpeg.h"
 #include "host/joinedtimes.h"
 #include "host/newfile.h"
@@ -83,13 +84,6 @@ AVRational pixelShape(int mode)
     return mode == Kest3DSlideBySlide ? AVRational{2, 1} : AVRational{1, 1};
 }
 
-/// From it the encoder works out what a player has to be capable of.
-AVRational frameRate(const KestStreamInfo &pictures)
-{
-    const AVRational told = {pictures.frameRateNumerator, pictures.frameRateDenominator};
-    return told.num > 0 ? told : AVRational{25, 1};
-}
-
 /// One film on its way into one file. Throws a Failure.
 class Conversion
 {
@@ -159,7 +153,8 @@ void Conversion::openEncoder(const KestPicture &first)
     m_encoder->width = first.width;
     m_encoder->height = first.height;
     m_encoder->time_base = milliseconds;
-    m_encoder->framerate = frameRate(m_order.pictures);
+    // From it the encoder works out what a player has to be capable of.
+    m_encoder->framerate = av_d2q(m_order.frameRate > 0 ? m_order.frameRate : 25, 1 << 16);
     m_encoder->thread_count = 0;
     if (m_order.lossless) {
         m_encoder->pix_fmt = AV_PIX_FMT_BGR0;

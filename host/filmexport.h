@@ -2,8 +2,6 @@
 // Not here: which films, how far they are and how long it will take (exportjob.h).
 #pragma once
 
-#include "engine/mpv/kest_host.h"
-
 #include <QStringList>
 
 #include <functional>
@@ -15,7 +13,7 @@ struct FilmOrder
     QString target;          ///< a Matroska file; where it exists, a number is added to the name
     int mode = 0;           ///< a tagKest3DMode, which a player is told of where it packs two views
     bool lossless = false;  ///< the very pixels (FFV1) instead of H.264
-    KestStreamInfo pictures = {};  ///< as the engine describes the film's; only the rate is used
+    double frameRate = 0;   ///< pictures per second; 0: unknown
 };
 
 struct FilmResult

@@ -21,11 +21,13 @@ namespace {
     QT_TRANSLATE_NOOP("Engine", "The file holds no film, only sound"),
 };
 
-bool hasPicture(const KestStreamInfo *streams, int count)
+/// The film's, or null.
+const KestStreamInfo *pictureStream(const KestStreamInfo *streams, int count)
 {
-    return std::any_of(streams, streams + count, [](const KestStreamInfo &stream) {
+    const auto *found = std::find_if(streams, streams + count, [](const KestStreamInfo &stream) {
         return stream.kind == KestStreamPicture;
     });
+    return found == streams + count ? nullptr : found;
 }
 
 }  // namespace
@@ -54,8 +56,10 @@ MediaFacts MediaEngine::examine(int fileId)
     const int count = KestGetMediaInfo(m_handle, fileId, &records);
     if (count < 0)
         facts.error = QCoreApplication::translate("Engine", KestErrorText(count));
+    else if (const auto *film = pictureStream(static_cast<KestStreamInfo *>(records), count))
+        facts.frameRate = double(film->frameRateNumerator) / film->frameRateDenominator;
     else
-        facts.audioOnly = !hasPicture(static_cast<KestStreamInfo *>(records), count);
+        facts.audioOnly = true;
     (void)KestGetMediaDuration(m_handle, fileId, &facts.duration);
     return facts;
 }

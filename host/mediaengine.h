@@ -8,7 +8,8 @@
 struct MediaFacts
 {
     bool audioOnly = false;
-    long long duration = 0;  ///< ms; 0 when the file does not say
+    double frameRate = 0;    ///< pictures per second; 0 when the file does not say
+    long long duration = 0;  ///< ms; likewise
     QString error;           ///< why it cannot be played; empty when it can
 };
 

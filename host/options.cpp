@@ -141,6 +141,8 @@ QString conflict(const Parser &parser, const Options &options)
             .arg(modeOption);
     if (!options.screenshot.isEmpty() && options.files.isEmpty() && options.settingsFile.isEmpty())
         return Parser::tr("--%1: name the film to take the picture of").arg(screenshotOption);
+    if (!options.screenshot.isEmpty() && !options.exportFolder.isEmpty())
+        return Parser::tr("--%1: takes a picture and exports nothing").arg(screenshotOption);
     return {};
 }
 

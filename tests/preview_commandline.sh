@@ -63,6 +63,8 @@ run 2 --no-window --export "$room/films"
 complains "needs --settings and --export"
 run 2 --no-window --export "$room/films" --settings "$room/none.json" "$samples/depth.mkv"
 complains "exports the films of the settings, and takes no others"
+run 2 --screenshot "$room/none.png" --export "$room/films" "$samples/depth.mkv"
+complains "takes a picture and exports nothing"
 run 2 --language xx
 complains 'there are no texts in "xx", but in: en'
 silent

@@ -52,37 +52,37 @@
         <translation>, noch %1 s</translation>
     </message>
     <message>
-        <location filename="../exportjob.cpp" line="157"/>
+        <location filename="../exportjob.cpp" line="164"/>
         <source>the folder cannot be made</source>
         <translation>der Ordner lässt sich nicht anlegen</translation>
     </message>
     <message>
-        <location filename="../exportjob.cpp" line="182"/>
+        <location filename="../exportjob.cpp" line="188"/>
         <source>the export was stopped</source>
         <translation>der Export wurde abgebrochen</translation>
     </message>
     <message>
-        <location filename="../streamcopy.cpp" line="99"/>
+        <location filename="../streamcopy.cpp" line="101"/>
         <source>Matroska cannot hold its sound</source>
         <translation>Matroska kann seinen Ton nicht aufnehmen</translation>
     </message>
     <message>
-        <location filename="../streamcopy.cpp" line="109"/>
+        <location filename="../streamcopy.cpp" line="111"/>
         <source>without its subtitles in %1, which Matroska cannot hold</source>
         <translation>ohne seine Untertitel in %1, die Matroska nicht aufnehmen kann</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="141"/>
+        <location filename="../filmexport.cpp" line="150"/>
         <source>FFmpeg has no encoder for it here</source>
         <translation>FFmpeg hat hier keinen passenden Encoder</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="174"/>
+        <location filename="../filmexport.cpp" line="185"/>
         <source>FFmpeg cannot convert its pictures</source>
         <translation>FFmpeg kann seine Bilder nicht umwandeln</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="209"/>
+        <location filename="../filmexport.cpp" line="221"/>
         <source>none of its pictures can be decoded</source>
         <translation>keines seiner Bilder lässt sich dekodieren</translation>
     </message>
@@ -543,6 +543,11 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
         <source>--%1: name the film to take the picture of</source>
         <translation>--%1: es fehlt der Film, von dem das Bild gemacht werden soll</translation>
     </message>
+    <message>
+        <location filename="../options.cpp" line="145"/>
+        <source>--%1: takes a picture and exports nothing</source>
+        <translation>--%1: macht ein Bild und exportiert nichts</translation>
+    </message>
 </context>
 <context>
     <name>Player</name>
@@ -638,22 +643,22 @@ Rückgabe: 0 OK, 1 abgebrochen, 2 falscher Aufruf, 3 eine Datei oder der Player 
         <translation>es gibt keinen Film, von dem das Bild gemacht werden könnte</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="140"/>
+        <location filename="../main.cpp" line="150"/>
         <source>the engine could not be opened</source>
         <translation>der Player konnte nicht geöffnet werden</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="190"/>
+        <location filename="../main.cpp" line="200"/>
         <source>--language: there are no texts in &quot;%1&quot;, but in: %2</source>
         <translation>--language: es gibt keine Texte in „%1“, nur in: %2</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="195"/>
+        <location filename="../main.cpp" line="205"/>
         <source> (--help tells more)</source>
         <translation> (--help sagt mehr)</translation>
     </message>
     <message>
-        <location filename="../main.cpp" line="199"/>
+        <location filename="../main.cpp" line="209"/>
         <source>there is no display to open a window on; --screenshot needs none</source>
         <translation>es gibt keinen Bildschirm für ein Fenster; --screenshot braucht keinen</translation>
     </message>
