@@ -1,4 +1,4 @@
-// What the controls need of the compiler and of the Qt version; the only place that asks for it.
+// What the controls need of the compiler and of the Qt version; no other library asks for it.
 // Not here: any declaration of a class of ours.
 #pragma once
 

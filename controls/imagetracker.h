@@ -34,7 +34,8 @@ public:
         Normal = 0,  ///< pointer away from the handle
         On = 1,      ///< pointer over the widget or over the handle
         Down = 2,    ///< left button pressed on the handle; shown as On
-        Disable = 3  ///< presses and hovering are ignored; shown as Normal
+        Disable = 3  ///< presses and hovering are ignored; shown as Normal. The image "_disable"
+                     ///< belongs to setEnabled(false).
     };
 
     /// Range 0 .. 10000, value 0, look Normal, progress bar shown, no images. The widget takes all

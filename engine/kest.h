@@ -112,7 +112,8 @@ KEST_EXPORT int KestSetCurPos(void *engine, unsigned int position);
 /// doubles it (+6 dB). Values outside are clamped. Holds for this edit and those that follow.
 KEST_EXPORT int KestChangeVolume(void *engine, int volume);
 
-/// Writes the length of the file to `duration` in ms; `duration` stays as it is on failure.
+/// Writes the length of the file to `duration` in ms; `duration` stays as it is on failure. 0 when the
+/// file does not say: such a film plays, but its position is 0 throughout.
 KEST_EXPORT int KestGetMediaDuration(void *engine, int fileId, long long *duration);
 
 /// Writes the address of the file's media-information records, 64 bytes each, to `records` and

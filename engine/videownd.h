@@ -10,7 +10,7 @@ class VideoView;
 
 /// Shows the engine's pictures, fitted into its area in their own aspect, on black. An engine finds
 /// it through EditBeginParams; it may be destroyed at any time, which ends an edit that still
-/// renders into it.
+/// renders into it, without save.
 ///
 /// It declares no virtual function of its own, so that whoever brings another engine has these four
 /// functions to write and nothing else. Mouse tracking is on: a mouse move without a button arrives.

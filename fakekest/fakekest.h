@@ -49,8 +49,8 @@ public:
     void note(const QString &line);
 
     /// Makes a function, by its name, return `code` from now on; 0 makes it succeed again. It fails
-    /// for every file. KestOpen returns null while its code is not 0; KestClose and KestErrorText
-    /// return no code. An unknown name is ignored with a warning.
+    /// for every file. KestOpen returns null while its code is not 0; KestClose and
+    /// KestReaderClose return no code. An unknown name is ignored with a warning.
     void setResult(const QString &function, int code);
 
     /// The same for KestAddFilter2 on one file alone.

@@ -16,7 +16,8 @@ class PlayWidget_Impl;
 /// A host creates it, sizes it by actualSize(), calls initialize() with the engine it has opened,
 /// fills the play list and selects the first item, which starts to play at once. The user watches,
 /// chooses a 3D mode and a depth for each item and ends with OK or Cancel. On accepted() the host
-/// reads the settings back; on rejected() every item has got back what the host gave it.
+/// reads the settings back; on rejected() every item has got back what the host gave it, unless the
+/// engine refused. Hiding the widget stops the film and drops what its open edit changed.
 ///
 /// It never shows a message: what the engine refused stands in errorString().
 ///
@@ -61,11 +62,14 @@ public:
     /// Appends an item to the play list. `fileId` names the file in the engine, `fileName` is what
     /// is shown of it; `mode` (a tagKest3DMode) and `depth` (a share of the picture's width,
     /// negative out of the screen) are its 3D settings, used when the engine holds none for the
-    /// file.
+    /// file. When the item plays, it takes over what the controls can show: the nearest multiple of
+    /// 0.006 from -0.3 to 0.3, 0 for NaN, and instead of a mode that is not in the list the one
+    /// chosen for the item before.
     void addPlayItem(int fileId, const QString &fileName, bool audioOnly, int mode, double depth);
 
-    /// Selects an item and plays it. An index outside the list selects the first item; with an
-    /// empty list nothing is selected.
+    /// Selects an item and plays it. A paused player only resumes the film that it has; hide and
+    /// show it first. An index outside the list selects the first item; with an empty list nothing
+    /// is selected.
     void setPlayIndex(int index);
 
     /// Index of the selected item; -1 when none was ever selected, 0 after clear().
@@ -81,7 +85,8 @@ public:
     bool getApplyToAll() const;
 
     /// Removes a mode from the list that the user chooses from. Entries are removed by the place
-    /// where they stand at first, so call it once at most; "off" cannot be removed.
+    /// where they stand at first, so call it once at most, and not after an initialize() that has
+    /// removed one; "off" cannot be removed.
     void set3DModeVisible(tagKest3DMode mode);
 
     /// Replaces a text at once; an unknown id is ignored. Mode texts go by the first place of their
@@ -100,7 +105,8 @@ public:
     bool movie3DPropsByFileID(int fileId, bool &changed, int &mode, double &depth) const;
 
     /// What the engine refused since the widget was created, one line each, oldest first, separated
-    /// by "\r\n"; empty when it refused nothing. Lines come of starting an item, pausing, ending an
+    /// by "\r\n", such as "ERROR: KestPlay function failed. [Code: -7]"; empty when it refused
+    /// nothing. Lines come of starting an item, pausing, ending an
     /// edit and setting a 3D filter; what else an engine answers is not looked at. Reading does not
     /// empty it.
     QString errorString() const;

@@ -11,7 +11,8 @@ enum KestResult {
     KestAtEnd = 1,  ///< no failure: the film has no further picture
     KestOk = 0,
     KestErrorHandle = -1,      ///< null, closed or foreign handle, or one of another thread
-    KestErrorArgument = -2,    ///< a null pointer where one is needed, or an unknown layout
+    KestErrorArgument = -2,    ///< a null pointer, an empty path, an unknown layout, or a window
+                               ///< that lives in another thread
     KestErrorFileId = -3,      ///< no file has this id
     KestErrorNoEdit = -4,      ///< no edit is open
     KestErrorFilterKind = -5,  ///< not a kind of filter that the engine has
@@ -128,17 +129,20 @@ KEST_EXPORT int KestRemoveFile(void *engine, int fileId);
 KEST_EXPORT int KestSetStereoLayout(void *engine, int fileId, int layout);
 
 /// Opens a film to be read picture by picture, each exactly once and in order, composed with the 3D
-/// filter that is kept for the file at this moment and plain without one: the same pixels that an
-/// edit shows, at the film's full size with square pixels, turned where the film says so. `reader` is
-/// set to a handle of its own, which later changes to the file and the engine do not touch; it may
-/// outlive the engine. Fails with the file's own code where it cannot be played, with
+/// filter that is kept for the file at this moment and plain without one. They are composed as an edit
+/// shows them, at the film's full size with square pixels, turned where the film says so, and decoded
+/// in full, with the loop filter that an edit leaves out where it hardly shows. `reader` is set to a
+/// handle of its own, which later changes to the file and the engine do not touch; it may outlive the
+/// engine, and lives until it is closed. Fails with the file's own code where it cannot be played, with
 /// KestErrorNoPicture where it holds sound alone. A reader does not disturb an open edit.
 KEST_EXPORT int KestReaderOpen(void *engine, int fileId, void **reader);
 
-/// Waits for the next picture. KestOk with a picture, whose pixels stay until the next call with this
-/// reader; KestAtEnd after the last one; otherwise the code of a failure, `picture` as it was. A film
-/// that changes its size on the way is scaled to that of its first picture. The functions of a reader
-/// may be called in any thread, but not in two at once.
+/// Waits for the next picture as long as it takes. KestOk with a picture, whose pixels stay until the
+/// next call with this reader; KestAtEnd after the last one; otherwise the code of a failure, such as
+/// KestErrorPlayer for a picture with a side of more than 16384 pixels. After the end or a failure it
+/// returns the same code again; `picture` stays as it was. A film that changes its size on the way is
+/// scaled to that of its first picture. This function and KestReaderClose may be called in any thread,
+/// without an event loop, but for one reader not in two at once.
 KEST_EXPORT int KestReaderNext(void *reader, KestPicture *picture);
 
 /// Ends the reading, at any picture, and frees the reader. Unknown handles are ignored.
