@@ -106,6 +106,26 @@ private Q_SLOTS:
         QVERIFY(slowReads > 1);
     }
 
+    void eachPictureIsReadHoweverSlowTheDisk()
+    {
+        EngineStage stage;
+        QCOMPARE(stage.add(1, m_film), int(KestOk));
+        void *reader = nullptr;
+        QCOMPARE(KestReaderOpen(stage.engine, 1, &reader), int(KestOk));
+        delay = 30;
+        slowReads = 0;
+        KestPicture picture = {};
+        QVector<qint64> times;
+        while (KestReaderNext(reader, &picture) == KestOk)
+            times.push_back(picture.time);
+        KestReaderClose(reader);
+        QVector<qint64> wanted;
+        for (qint64 time = 0; time < 2000000; time += 40000)
+            wanted.push_back(time);
+        QCOMPARE(times, wanted);
+        QVERIFY(slowReads > 10);
+    }
+
     void aDiskThatIsTooSlowIsToldInTime_data()
     {
         QTest::addColumn<QString>("film");

@@ -230,7 +230,8 @@ void MpvCore::setPicturesOnly()
     constexpr Option ones[] = {{"aid", "no"},
                                {"untimed", "yes"},
                                {"framedrop", "no"},
-                               {"speed", "100"},  // it waits as long as the last picture lasts
+                               {"cache-pause", "no"},  // after such a pause it forgets its steps
+                               {"speed", "100"},       // it waits as long as the last picture lasts
                                {"rebase-start-time", "no"},
                                {"vd-lavc-skiploopfilter", "default"}};
     for (const Option &option : ones)
