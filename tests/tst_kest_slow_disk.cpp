@@ -5,6 +5,7 @@
 #include "watchdog.h"
 
 #include <atomic>
+#include <climits>
 #include <csignal>
 
 #include <sys/resource.h>
@@ -22,7 +23,7 @@ constexpr QRgb blue = 0xff0000ff;
 std::atomic<ino_t> slowFile{0};
 std::atomic<int> delay{0};  // ms that each read from it takes
 std::atomic<int> slowReads{0};
-std::atomic<bool> broken{false};  // no read from it succeeds
+std::atomic<int> goodReads{INT_MAX};  // from it until none succeeds
 
 }  // namespace
 
@@ -33,7 +34,7 @@ extern "C" __attribute__((visibility("default"))) ssize_t read(int file, void *t
     if (slowFile && fstat(file, &status) == 0 && status.st_ino == slowFile) {
         ++slowReads;
         usleep(useconds_t(delay) * 1000);
-        if (broken) {
+        if (goodReads-- <= 0) {
             errno = EIO;
             return -1;
         }
@@ -56,7 +57,7 @@ private Q_SLOTS:
     void init()
     {
         slow(m_film);
-        broken = false;
+        goodReads = INT_MAX;
         delay = 0;
         slowReads = 0;
     }
@@ -152,9 +153,27 @@ private Q_SLOTS:
     {
         EngineStage stage;
         QCOMPARE(stage.add(1, m_film), int(KestOk));
-        broken = true;
+        goodReads = 0;
         QCOMPARE(stage.begin(1), int(KestOk));
         QCOMPARE(KestPlay(stage.engine), int(KestErrorUnreadable));
+    }
+
+    void aDiskThatFailsBeforeTheFirstPictureIsTold()
+    {
+        const QByteArray film = Clips::read(m_clips.make(
+            "film.ts", "-f lavfi -i color=s=160x90:r=25:d=0.2 -c:v mpeg2video -f mpegts"));
+        constexpr int packet = 188, tables = 3 * packet;
+        const QByteArray padding = QByteArray("\x47\x1f\xff\x10").leftJustified(packet, '\xff');
+        const QString path = m_clips.write(
+            "late.ts", film.left(tables) + padding.repeated(2000) + film.mid(tables));
+        EngineStage stage;
+        long long duration = -1;
+        QCOMPARE(stage.add(1, path), int(KestOk));
+        QCOMPARE(stage.add(2, path), int(KestOk));
+        slow(path);
+        QCOMPARE(KestGetMediaDuration(stage.engine, 1, &duration), int(KestOk));
+        goodReads = 1;
+        QCOMPARE(KestGetMediaDuration(stage.engine, 2, &duration), int(KestErrorUnreadable));
     }
 
     void aFailureThatMayPassIsRememberedForAWhileOnly()
@@ -168,9 +187,9 @@ private Q_SLOTS:
         QCOMPARE(KestGetMediaDuration(stage.engine, TooSlow, &duration), int(KestErrorTimeout));
         QCOMPARE(int(slowReads), 1);
         delay = 0;
-        broken = true;
+        goodReads = 0;
         QCOMPARE(KestGetMediaDuration(stage.engine, Failing, &duration), int(KestErrorUnreadable));
-        broken = false;
+        goodReads = INT_MAX;
         slowReads = 0;
 
         // The calls that follow each other when an item is played wait no second time.

@@ -355,9 +355,8 @@ ProbedFile probeMedia(const std::string &path)
     const FormatPointer format = openFormat(source, io);
     if (source.late())
         return failure(KestErrorTimeout);
-    if (!format)
-        return failure(source.code() == KestOk ? KestErrorNotMedia : source.code());
-    return factsOf(*format);
+    const ProbedFile facts = format ? factsOf(*format) : failure(KestErrorNotMedia);
+    return facts.code == KestOk || source.code() == KestOk ? facts : failure(source.code());
 }
 
 MediaProbe::Stamp MediaProbe::stampOf(const std::string &path)
