@@ -65,7 +65,7 @@ public:
     void setShowProgressBar(bool show);
 
     /// Sets the handle's look and repaints, also when it is the same as before. An unknown value is
-    /// shown as Normal. Only this function enters and leaves Disable.
+    /// shown as Normal. Only this function enters Disable; it and sliderLeaveEvent() leave it.
     void setState(ImageTracker::State lState);
 
     /// Ends a drag, shows the handle as Normal and emits sliderReleased(), whether or not a drag
@@ -89,6 +89,9 @@ public:
     void setImagePrefix(const QString &fileName);
 
 Q_SIGNALS:
+    // Said of the mouse. What operates a slider otherwise, by keys or for assistive technology,
+    // emits sliderPressed, valueChanged and sliderReleased, in this order.
+
     /// The user pressed the groove or dragged the handle: once for each press and drag step.
     void valueChanged(int lValue);
     /// Any mouse button was released over the slider, in every state; also by sliderLeaveEvent.

@@ -8,7 +8,8 @@ class ImageTracker;
 
 /// What a drag needs to know of a slider, and its three parts. They have the effect of a user's
 /// drag: the same signals in the same order. A slider that is disabled, or in the state
-/// ImageTracker::Disable, emits nothing. GUI thread only.
+/// ImageTracker::Disable, is neither pressed nor moved; what began before is released all the same.
+/// GUI thread only.
 class TrackerDrag
 {
 public:

@@ -23,9 +23,10 @@
 ///     KestGetFilter2(7, 9)  KestAddFilter2(7, 9, mode 4, depth -0.012)  KestEditEnd(true)
 ///     CVideoWnd::SendCommand(4, -1)
 ///
-/// KestErrorText alone leaves no line. Unless told otherwise a function returns 0 and writes to
-/// none of its outputs; a null pointer where a record or a path is needed is KestErrorArgument. A
-/// film that is read has a reader, and no pictures: KestReaderNext returns KestAtEnd.
+/// KestErrorText and a window's command that is null leave no line. Unless told otherwise a function
+/// returns 0 and writes to none of its outputs; a null pointer where a record or a path is needed is
+/// KestErrorArgument. A film that is read has a reader, and no pictures: KestReaderNext returns
+/// KestAtEnd.
 ///
 /// GUI thread only, but for sendEvent().
 class FAKEKEST_EXPORT FakeKest

@@ -17,7 +17,9 @@ class PlayWidget_Impl;
 /// fills the play list and selects the first item, which starts to play at once. The user watches,
 /// chooses a 3D mode and a depth for each item and ends with OK or Cancel. On accepted() the host
 /// reads the settings back; on rejected() every item has got back what the host gave it, unless the
-/// engine refused. Hiding the widget stops the film and drops what its open edit changed.
+/// engine refused. Hiding the widget stops the film and drops what its open edit changed. A 3D change
+/// that the user made less than 100 ms before either is carried out once more after it: a host that
+/// must not see it reads the settings at once, or gives its own back to the engine.
 ///
 /// It never shows a message: what the engine refused stands in errorString().
 ///
@@ -72,7 +74,8 @@ public:
     /// is selected.
     void setPlayIndex(int index);
 
-    /// Index of the selected item; -1 when none was ever selected, 0 after clear().
+    /// Index of the selected item; -1 when none was ever selected and after setPlayIndex() on an
+    /// empty list, 0 after clear().
     int playIndex() const;
 
     int playItemCount() const;
@@ -81,7 +84,8 @@ public:
     void clear();
 
     /// Whether the user wants the settings of the current item for all of them. The widget has
-    /// written them to the items already when accepted() arrives.
+    /// written them to the items already when accepted() arrives, but for those whose filter the
+    /// engine refused.
     bool getApplyToAll() const;
 
     /// Removes a mode from the list that the user chooses from. Entries are removed by the place
