@@ -57,6 +57,17 @@ set_tests_properties(consumer_pkg_config PROPERTIES
   ENVIRONMENT "CXX=${CMAKE_CXX_COMPILER};QT_QPA_PLATFORM=offscreen"
   FIXTURES_REQUIRED moved_prefix)
 
+# The widget with another engine: whatever has the functions and the window, such as the recording
+# engine; one version shows that.
+if(PLAYWIDGET_QT EQUAL 6)
+  playwidget_consumer(external_engine ${PROJECT_SOURCE_DIR} none BUILD_ONLY
+    OPTIONS -DPLAYWIDGET_ENGINE=external
+      -DPLAYWIDGET_ENGINE_LIBRARY=$<TARGET_FILE:fakekest>
+      -DPLAYWIDGET_VIDEOWND_LIBRARY=$<TARGET_FILE:fakekest>
+      -DPLAYWIDGET_WERROR=${PLAYWIDGET_WERROR} -DPLAYWIDGET_PRECOMPILE=ON
+      -DPLAYWIDGET_TESTS=OFF -DPLAYWIDGET_BENCHMARKS=OFF -DPLAYWIDGET_TOOLS=OFF)
+endif()
+
 # The tree inside a stranger's project, as static libraries; those are installed and found as well.
 playwidget_consumer(add_subdirectory ${CMAKE_CURRENT_SOURCE_DIR}/consumer consumer
   MAKES static_build
