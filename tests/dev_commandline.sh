@@ -30,6 +30,7 @@ refuses() { # COMPLAINT WORD...
 
 refuses 'there is no command tset' tset
 refuses 'no tests run under a preset named relase' test dev relase
+refuses 'there is no test tst_overlya' test dev tst_overlya
 refuses 'there is no preset named relase' build relase tst_overlay
 for preset in $(sed -n 's/.*"configurePreset": "\([^"]*\)" }.*/\1/p' "$1/CMakePresets.json"); do
     refuses " $preset" build relase
