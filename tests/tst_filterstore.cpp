@@ -61,16 +61,20 @@ private Q_SLOTS:
         QCOMPARE(store.kept(2)->mode, 6);
     }
 
-    void aRemovedFileLosesWhatWasKeptButNotTheDraft()
+    void aRemovedFileLosesWhatWasKeptAndTheDraftItsFile()
     {
         FilterStore store;
         store.setKept(1, {4, 0.12});
         store.begin(1);
+        QVERIFY(store.hasDraftFor(1));
         store.remove(1);
         QVERIFY(!store.kept(1));
+        QVERIFY(!store.hasDraftFor(1));
+        QCOMPARE(store.draft()->mode, 4);
+        store.setKept(1, {9, 0.2});
         QCOMPARE(store.draft()->mode, 4);
         store.end(true);
-        QCOMPARE(store.kept(1)->mode, 4);
+        QCOMPARE(store.kept(1)->mode, 9);
     }
 
     void aDraftNeedsABeginning()

@@ -9,8 +9,8 @@ void FilterStore::begin(int fileId)
 
 void FilterStore::end(bool save)
 {
-    if (save && m_draft && m_draft->setting)
-        m_kept[m_draft->fileId] = *m_draft->setting;
+    if (save && m_draft && m_draft->fileId && m_draft->setting)
+        m_kept[*m_draft->fileId] = *m_draft->setting;
     m_draft.reset();
 }
 
@@ -23,13 +23,20 @@ void FilterStore::setDraft(StereoSetting setting)
 void FilterStore::setKept(int fileId, StereoSetting setting)
 {
     m_kept[fileId] = setting;
-    if (m_draft && m_draft->fileId == fileId)
+    if (hasDraftFor(fileId))
         m_draft->setting = setting;
 }
 
 void FilterStore::remove(int fileId)
 {
     m_kept.erase(fileId);
+    if (hasDraftFor(fileId))
+        m_draft->fileId.reset();
+}
+
+bool FilterStore::hasDraftFor(int fileId) const
+{
+    return m_draft && m_draft->fileId == fileId;
 }
 
 std::optional<StereoSetting> FilterStore::draft() const

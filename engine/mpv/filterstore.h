@@ -23,8 +23,10 @@ public:
     /// Keeps a setting for a file; when that file has the draft, the draft follows.
     void setKept(int fileId, StereoSetting setting);
 
-    /// Forgets what is kept for a file; a draft for it stays.
+    /// Forgets what is kept for a file. A draft for it stays, but belongs to no file any more.
     void remove(int fileId);
+
+    bool hasDraftFor(int fileId) const;
 
     std::optional<StereoSetting> draft() const;
     std::optional<StereoSetting> kept(int fileId) const;
@@ -32,7 +34,7 @@ public:
 private:
     struct Draft
     {
-        int fileId;
+        std::optional<int> fileId;
         std::optional<StereoSetting> setting;
     };
 

@@ -106,8 +106,7 @@ KEST_EXPORT void KestClose(void *engine);
 /// Gives a file an id to be named by. The path is UTF-8 and is not looked at yet; a relative one
 /// means the folder of this moment. It is always a file on disk, never a URL. An id that is taken
 /// gets the new path and loses the filters and the layout set for it. An edit that is open on it goes
-/// on with the old file, shown as it was; filters set for the id show in it, and what it saves is kept
-/// for the id.
+/// on with the old file, shown as it was, and keeps nothing when it ends.
 KEST_EXPORT int KestAddFile(void *engine, int fileId, const char *utf8Path);
 
 /// Forgets a file, the filters kept for it and its layout. An edit that is open on it is ended

@@ -282,7 +282,7 @@ int Session::setKept(int fileId, StereoSetting setting)
     if (!m_files.count(fileId))
         return KestErrorFileId;
     m_filters.setKept(fileId, setting);
-    if (m_edit && m_edit->fileId == fileId)
+    if (m_filters.hasDraftFor(fileId))
         m_mailbox->setSetting(setting);
     return KestOk;
 }
