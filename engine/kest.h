@@ -105,7 +105,8 @@ KEST_EXPORT int KestPlay(void *engine);
 KEST_EXPORT int KestPause(void *engine);
 
 /// Moves the open edit to `position` ms, playing or paused; beyond the end is the end. The position
-/// that was reached comes back by event: that of the picture at or right after the one asked for.
+/// that was reached comes back by event: that of the first picture which is not more than 5 ms before
+/// the one asked for.
 KEST_EXPORT int KestSetCurPos(void *engine, unsigned int position);
 
 /// Sets the volume, linear in amplitude: 0 is silent, 50 half, 100 leaves the sound as it is, 200

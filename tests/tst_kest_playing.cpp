@@ -90,6 +90,27 @@ private Q_SLOTS:
         QTRY_VERIFY(stage.showsAtCentre(lime));
     }
 
+    void aPausedFilmTellsThePositionOfThePictureThatItShows()
+    {
+        const QString film = m_clips.make(
+            "fast.mkv", "-f lavfi -i testsrc2=s=320x180:r=60:d=4 -c:v libx264 -preset ultrafast");
+        EngineStage stage;
+        QCOMPARE(stage.open(film), int(KestOk));
+        for (int i = 1; i <= 4; ++i) {
+            QCOMPARE(KestPlay(stage.engine), int(KestOk));
+            QTRY_VERIFY(stage.position() > i * 300u && stage.position() != ~0u);
+            QCOMPARE(KestPause(stage.engine), int(KestOk));
+            QTest::qWait(150);
+            const QImage shown = stage.grab();
+            QCOMPARE(KestSetCurPos(stage.engine, 3500), int(KestOk));
+            const unsigned int position = stage.position();
+            QTRY_COMPARE(stage.position(), 3500u);
+            QCOMPARE(KestSetCurPos(stage.engine, position), int(KestOk));
+            QTRY_COMPARE(stage.position(), position);
+            QVERIFY(stage.comesToShow(shown));
+        }
+    }
+
     void seeksToTheExactPicture_data()
     {
         QTest::addColumn<unsigned int>("position");

@@ -211,9 +211,11 @@ int Session::pause()
     if (const int code = editCode())
         return code;
     m_edit->playing = false;
-    if (playerHasEdit())
+    if (playerHasEdit()) {
         m_core->setPaused(true);
     return KestOk;
+        m_core->askPosition();  // the last one may have come too soon after another to be told
+    }
 }
 
 int Session::seek(unsigned int position)

@@ -127,7 +127,7 @@ private:
     void take(const mpv_event &event);
     void takeReply(const mpv_event &event);
     void takeProperty(const mpv_event &event, bool asked);
-    void takePosition(double seconds, bool atOnce);
+    void takePosition(double seconds, bool asked, bool arrived);
     void takeAtEnd(bool atEnd, bool asked);
     void takeShape(const mpv_node &params);
     void playbackSettled();

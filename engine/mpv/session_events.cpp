@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -111,31 +112,30 @@ void Session::takeProperty(const mpv_event &event, bool asked)
 {
     if (!playerHasEdit())
         return;
-    if (asked && event.reply_userdata == MpvCore::Position)
-        m_edit->arriving = false;
+    const bool arrived = asked && event.reply_userdata == MpvCore::Position
+        && std::exchange(m_edit->arriving, false);
     if (event.error < 0)
         return;
     const auto &property = *static_cast<const mpv_event_property *>(event.data);
     if (property.format == MPV_FORMAT_NONE)
         return;
     if (event.reply_userdata == MpvCore::Position)
-        takePosition(*static_cast<double *>(property.data), asked);
+        takePosition(*static_cast<double *>(property.data), asked, arrived);
     else if (event.reply_userdata == MpvCore::AtEnd)
         takeAtEnd(*static_cast<int *>(property.data), asked);
     else if (event.reply_userdata == MpvCore::OutputShape)
         takeShape(*static_cast<mpv_node *>(property.data));
 }
 
-void Session::takePosition(double seconds, bool atOnce)
+void Session::takePosition(double seconds, bool asked, bool arrived)
 {
     // Until a seek is done the player may still tell where it was before.
     const bool moving = m_edit->seeking || m_edit->nextSeek || m_edit->arriving;
     if (m_player != Player::Ready || moving || m_edit->ended)
         return;
     const unsigned int position = withinFilm(std::llround(seconds * 1000));
-    const bool due = position != m_edit->reported
-        && m_edit->sinceReport.nsecsElapsed() >= reportInterval * 1000000;
-    if (atOnce || due)
+    const bool due = asked || m_edit->sinceReport.nsecsElapsed() >= reportInterval * 1000000;
+    if (arrived || (due && position != m_edit->reported))
         report(Playing, position);
 }
 
