@@ -289,6 +289,23 @@ private Q_SLOTS:
         QVERIFY(stage.showsAtCentre(lime));
     }
 
+    void aTaggedFilmThatTheHostCallsFlatIsReadAtItsFullSize()
+    {
+        const QString film = m_clips.make("tagged.mkv",
+                                          "-f lavfi -i testsrc2=s=320x90:r=25:d=0.1 -c:v ffv1 "
+                                          "-metadata:s:v stereo_mode=left_right");
+        void *const engine = KestOpen("null");
+        QCOMPARE(KestAddFile(engine, 1, film.toUtf8().constData()), int(KestOk));
+        QCOMPARE(KestSetStereoLayout(engine, 1, KestLayoutFlat), int(KestOk));
+        void *reader = nullptr;
+        QCOMPARE(KestReaderOpen(engine, 1, &reader), int(KestOk));
+        KestPicture picture = {};
+        QCOMPARE(KestReaderNext(reader, &picture), int(KestOk));
+        QCOMPARE(QSize(picture.width, picture.height), QSize(320, 90));
+        KestReaderClose(reader);
+        KestClose(engine);
+    }
+
     void isClosedAtAnyPicture()
     {
         for (int pictures = 0; pictures < 4; ++pictures) {

@@ -36,6 +36,7 @@ std::unique_ptr<FilmReader> FilmReader::open(const Film &film)
 FilmReader::FilmReader(const Film &film, const std::shared_ptr<MpvCore> &core)
     : m_setting(film.setting)
     , m_shape(film.shape)
+    , m_tagged(film.tagged)
     , m_core(core)
     , m_context(RenderContext::make(core, &FilmReader::wake, this))
 { }
@@ -127,10 +128,11 @@ int FilmReader::take(Picture &picture)
     return KestOk;
 }
 
+/// The size of a tagged frame in the player is that of the frame or of a view, as its container does.
 QSize FilmReader::fullSize()
 {
-    const bool flat = m_shape.layout.packing == StereoLayout::Flat;
-    const QSizeF size = flat ? QSizeF(m_core->displaySize()) : m_shape.size;
+    const QSizeF size
+        = m_tagged ? m_shape.size : viewShape(QSizeF(m_core->displaySize()), m_shape.layout);
     if (size.width() > longestSide || size.height() > longestSide)
         return {};
     return (m_shape.rotation % 180 ? size.transposed() : size).toSize();

@@ -21,6 +21,7 @@ public:
     {
         std::string path;
         PictureShape shape;
+        bool tagged;  ///< the file says how its views lie
         StereoSetting setting;
     };
 
@@ -53,6 +54,7 @@ private:
 
     const StereoSetting m_setting;
     PictureShape m_shape;
+    const bool m_tagged;
     QSize m_size;  // of the whole film, by its first picture
     int m_code = KestOk;
     bool m_settled = false;  // the film is open and its first picture with the renderer

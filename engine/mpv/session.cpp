@@ -119,6 +119,7 @@ int Session::film(int fileId, FilmReader::Film *film)
     if (facts.shape.size.isEmpty())
         return KestErrorNoPicture;
     *film = {file->second.path, shapeOf(file->second, facts),
+             facts.shape.layout.packing != StereoLayout::Flat,
              m_filters.kept(fileId).value_or(StereoSetting())};
     return KestOk;
 }
@@ -213,9 +214,9 @@ int Session::pause()
     m_edit->playing = false;
     if (playerHasEdit()) {
         m_core->setPaused(true);
-    return KestOk;
         m_core->askPosition();  // the last one may have come too soon after another to be told
     }
+    return KestOk;
 }
 
 int Session::seek(unsigned int position)
