@@ -65,6 +65,29 @@ private Q_SLOTS:
         QCOMPARE(facts.shape.size, QSizeF(64, 48));
     }
 
+    void theShapeIsThatOfTheDefaultPictureOrTheFirst_data()
+    {
+        QTest::addColumn<QString>("marks");
+        QTest::addColumn<QSizeF>("shape");
+        QTest::newRow("the first")
+            << "-disposition:v:0 default -disposition:v:1 0" << QSizeF(64, 48);
+        QTest::newRow("the second")
+            << "-disposition:v:0 0 -disposition:v:1 default" << QSizeF(320, 180);
+        QTest::newRow("both") << "-disposition:v default" << QSizeF(64, 48);
+        QTest::newRow("none") << "-disposition:v 0 -default_mode passthrough" << QSizeF(64, 48);
+    }
+    void theShapeIsThatOfTheDefaultPictureOrTheFirst()
+    {
+        QFETCH(const QString, marks);
+        QFETCH(const QSizeF, shape);
+        const QString film = m_clips.make(
+            "two.mkv",
+            "-f lavfi -i color=s=64x48:r=2:d=0.5 -f lavfi -i testsrc2=s=320x180:r=25:d=0.3 "
+            "-map 0 -map 1 -c:v libx264 "
+                + marks);
+        QCOMPARE(probe(film).shape.size, shape);
+    }
+
     void tellsTheShapeOfTurnedAndAnamorphicPictures()
     {
         const QString wide = m_clips.make("wide.mkv",

@@ -17,6 +17,7 @@ extern "C" {
 #include <cmath>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -323,6 +324,20 @@ ProbedFile failure(int code)
     return {code, 0, {}, {}};
 }
 
+/// The moving picture that a player chooses: the first that is marked as the default, or the first.
+std::optional<std::size_t> shownStream(const AVFormatContext &format)
+{
+    std::optional<std::size_t> first;
+    for (std::size_t i = 0; i < format.nb_streams; ++i) {
+        if (!isMovingPicture(*format.streams[i]))
+            continue;
+        if (format.streams[i]->disposition & AV_DISPOSITION_DEFAULT)
+            return i;
+        first = first.value_or(i);
+    }
+    return first;
+}
+
 ProbedFile factsOf(AVFormatContext &format)
 {
     ProbedFile facts;
@@ -336,9 +351,8 @@ ProbedFile factsOf(AVFormatContext &format)
     if (facts.code != KestOk)
         return failure(KestErrorNotMedia);
     facts.duration = durationOf(format, facts.streams);
-    const int best = av_find_best_stream(&format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
-    if (best >= 0 && isMovingPicture(*format.streams[best]))
-        facts.shape = shapeOf(format, *format.streams[best], facts.streams[std::size_t(best)]);
+    if (const auto shown = shownStream(format))
+        facts.shape = shapeOf(format, *format.streams[*shown], facts.streams[*shown]);
     return facts;
 }
 
