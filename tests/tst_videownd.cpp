@@ -200,6 +200,17 @@ private Q_SLOTS:
         QCOMPARE(show.grab(), pattern({160, 90}));
     }
 
+    void thePictureOfAnotherEngineIsForgotten()
+    {
+        Show show({160, 90});
+        show.mailbox->seekBegun();
+        show.post(pattern({160, 90}));
+        show.mailbox = std::make_shared<Mailbox>();
+        show.beginEdit();
+        show.window.resetSessionState();
+        QVERIFY(show.isBlack());
+    }
+
     void framesOnTheirWayToADestroyedWindowAreLost()
     {
         auto mailbox = std::make_shared<Mailbox>();

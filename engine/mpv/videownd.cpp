@@ -71,7 +71,7 @@ void VideoView::show(const std::shared_ptr<Mailbox> &mailbox)
     if (m_mailbox && m_mailbox != mailbox)
         m_mailbox->detach(this);
     if (m_mailbox != mailbox)
-        m_blankedIn = 0;
+        m_blankedIn = m_shown.epoch = 0;  // each engine counts for itself
     m_mailbox = mailbox;
     m_mailbox->attach(this);
     publishArea();
