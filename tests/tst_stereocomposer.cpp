@@ -9,6 +9,9 @@
 #include <random>
 #include <vector>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace {
 
 using Pixels = std::vector<QRgb>;
@@ -194,6 +197,7 @@ private Q_SLOTS:
     void otherModesShareThePixels();
     void otherModesShareTheLeftPictureOfTwo();
     void noPictureStaysNoPicture();
+    void noMemoryIsNoPicture();
 };
 
 void tst_StereoComposer::equalsTheReference_data()
@@ -445,6 +449,24 @@ void tst_StereoComposer::noPictureStaysNoPicture()
         QCOMPARE(result.serial, quint64(4));
     }
     QVERIFY(compose({QImage(0, 7, QImage::Format_RGB32), 0, 0}, {9, 0.1}).picture.isNull());
+}
+
+void tst_StereoComposer::noMemoryIsNoPicture()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("a sanitizer has an allocator of its own");
+#endif
+    const QImage large(4096, 4096, QImage::Format_RGB32);
+    QFile statistics("/proc/self/statm");
+    QVERIFY(statistics.open(QIODevice::ReadOnly));
+    const auto used = rlim_t(statistics.readAll().split(' ').first().toLongLong() * getpagesize());
+    rlimit before = {};
+    QCOMPARE(getrlimit(RLIMIT_AS, &before), 0);
+    const rlimit little = {used + rlim_t(large.sizeInBytes() / 2), before.rlim_max};
+    QCOMPARE(setrlimit(RLIMIT_AS, &little), 0);
+    const Frame result = compose({large, 3, 4}, {Kest3DRedCyan, 0.1});
+    QCOMPARE(setrlimit(RLIMIT_AS, &before), 0);
+    QVERIFY(result.picture.isNull());
 }
 
 QTEST_APPLESS_MAIN(tst_StereoComposer)

@@ -121,10 +121,10 @@ int FilmReader::take(Picture &picture)
     if (m_size.isEmpty())
         m_size = fullSize();
     const Frame frame = renderViews(*m_context, m_size, m_shape);
-    if (frame.picture.isNull())
+    const QImage composed = frame.picture.isNull() ? QImage() : compose(frame, m_setting).picture;
+    if (composed.isNull())
         return m_code = KestErrorPlayer;
-    const qint64 time = std::llround(m_core->position() * 1e6);
-    picture = {compose(frame, m_setting).picture, time};
+    picture = {composed, std::llround(m_core->position() * 1e6)};
     return KestOk;
 }
 

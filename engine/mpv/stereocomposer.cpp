@@ -277,7 +277,7 @@ Frame compose(const Frame &frame, StereoSetting setting)
     const QImage &left = frame.picture, &right = shared ? left : frame.right;
     QImage composed(left.size(), QImage::Format_RGB32);
     Composer composer(*mode, left.width(), shiftFor(setting.depth, left.width()), shared);
-    for (int y = 0; y < left.height(); ++y) {
+    for (int y = 0; y < composed.height(); ++y) {  // none where there is no memory for it
         auto *to = reinterpret_cast<quint32 *>(composed.scanLine(y));
         composer.compose(left.constScanLine(y), right.constScanLine(y), y % 2, to);
     }
