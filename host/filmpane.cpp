@@ -14,6 +14,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QMimeData>
 #include <QToolButton>
 
 FilmPane::FilmPane(FilmList *films, QWidget *parent)
@@ -123,7 +124,8 @@ void FilmPane::openFolder()
 
 void FilmPane::paste()
 {
-    const QStringList files = filesIn(*QApplication::clipboard()->mimeData());
+    const QMimeData *copied = QApplication::clipboard()->mimeData();  // null before the first copy
+    const QStringList files = copied ? filesIn(*copied) : QStringList();
     showNotice(files.isEmpty() ? tr("What was copied names no file.") : QString());
     if (!files.isEmpty())
         Q_EMIT filesWanted(files);
