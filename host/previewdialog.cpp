@@ -220,7 +220,7 @@ void PreviewDialog::refresh()
         m_films.setSettings(id, mode, depth, changed);
     }
     m_films.setPlaying(m_playList.value(m_player->playIndex()));
-    m_pane->setExportEnabled(!filmsToExport().isEmpty());
+    m_pane->setExportEnabled(m_begun && !filmsToExport().isEmpty());
     showTitle();
 }
 //! [host-read]
