@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -131,7 +132,7 @@ AVStream *StreamCopy::addStream(const AVStream &from)
 
 void StreamCopy::copyUntil(std::int64_t time)
 {
-    while (hasNext() && m_packet->dts <= time)
+    while (hasNext() && m_reached <= time)
         write();
 }
 
@@ -143,45 +144,60 @@ bool StreamCopy::copyNext()
     return true;
 }
 
-/// The end of the source, or as good as it, ends the copying.
+/// Reads no more than one packet: whoever waits is asked in between. The end of the source, or as
+/// good as it, ends the copying.
 bool StreamCopy::hasNext()
 {
-    while (!m_packet->buf) {
-        if (av_read_frame(m_input.get(), m_packet.get()) < 0)
-            return false;
-        if (!place(*m_packet))
-            av_packet_unref(m_packet.get());
-    }
+    if (m_packet->buf)
+        return true;
+    if (av_read_frame(m_input.get(), m_packet.get()) < 0)
+        return false;
+    const AVStream &from = *m_input->streams[m_packet->stream_index];
+    av_packet_rescale_ts(m_packet.get(), from.time_base, milliseconds);
+    if (from.index == m_pictures)
+        follow(*m_packet);
+    if (Track *track = trackOf(*m_packet))
+        place(*m_packet, *track);
+    else
+        av_packet_unref(m_packet.get());
     return true;
 }
 
-/// When the packet is due, in ms; false when it is not copied. Where the pictures' times jump back,
-/// the other tracks move by as much, each once its own jump back, so that all stay in step. What then
-/// still overlaps by a packet or two is written at one moment, for Matroska refuses to go back.
-bool StreamCopy::place(AVPacket &packet)
+/// Null: the packet is not copied, as none is of a stream that the file's beginning does not tell of.
+StreamCopy::Track *StreamCopy::trackOf(const AVPacket &packet)
 {
     const auto index = std::size_t(packet.stream_index);
-    av_packet_rescale_ts(&packet, m_input->streams[index]->time_base, milliseconds);
-    if (packet.stream_index == m_pictures && packet.dts != AV_NOPTS_VALUE)
-        (void)m_times.next(packet.dts);
-    if (index >= m_tracks.size() || !m_tracks[index].to)
-        return false;
-    Track &track = m_tracks[index];
+    return index < m_tracks.size() && m_tracks[index].to ? &m_tracks[index] : nullptr;
+}
+
+/// Where pictures have no times, one is as far as it goes at a time.
+void StreamCopy::follow(const AVPacket &picture)
+{
+    constexpr auto far = std::numeric_limits<std::int64_t>::max();
+    m_reached = picture.dts == AV_NOPTS_VALUE ? far : m_times.next(picture.dts);
+}
+
+/// When the packet is due, in ms. Where the pictures' times jump back, the other tracks move by as
+/// much, each once its own jump back, so that all stay in step. What then still overlaps by a packet
+/// or two is written at one moment, for Matroska refuses to go back.
+void StreamCopy::place(AVPacket &packet, Track &track)
+{
     std::int64_t time = packet.dts == AV_NOPTS_VALUE ? packet.pts : packet.dts;
     if (time == AV_NOPTS_VALUE)
         time = std::max<std::int64_t>(0, track.last) - track.shift;
     time = JoinedTimes::bounded(time);
     if (time + track.shift < track.last)
         track.shift = m_times.shift();
-    packet.dts = track.last = std::max(time + track.shift, track.last);
+    packet.dts = track.last = m_reached = std::max(time + track.shift, track.last);
     packet.pts = packet.pts == AV_NOPTS_VALUE
         ? packet.dts
         : std::max(JoinedTimes::bounded(packet.pts) + track.shift, packet.dts);
-    return true;
 }
 
 void StreamCopy::write()
 {
+    if (!m_packet->buf)
+        return;
     const Track &track = m_tracks[std::size_t(m_packet->stream_index)];
     if (track.conversion && !track.conversion->convert(*m_packet)) {
         av_packet_unref(m_packet.get());

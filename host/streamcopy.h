@@ -20,10 +20,10 @@ public:
     /// must outlive this. Fails where Matroska cannot hold the sound.
     StreamCopy(const QString &source, AVFormatContext &output);
 
-    /// Writes what is due up to a time in ms, counted as JoinedTimes does.
+    /// Reads and writes what is due up to a time in ms, counted as JoinedTimes does.
     void copyUntil(std::int64_t time);
 
-    /// Writes one packet, whenever it is due; false when there is none left.
+    /// Reads one packet and, if it is copied, writes it, whenever it is due; false at the end.
     bool copyNext();
 
     /// What Matroska cannot hold and has been left out, in words.
@@ -46,7 +46,9 @@ private:
     Track trackFor(const AVStream &from);
     AVStream *addStream(const AVStream &from);
     bool hasNext();
-    bool place(AVPacket &packet);
+    Track *trackOf(const AVPacket &packet);
+    void follow(const AVPacket &picture);
+    void place(AVPacket &packet, Track &track);
     void write();
 
     AVFormatContext &m_output;
@@ -54,6 +56,7 @@ private:
     std::vector<Track> m_tracks;         // the source's, by index
     int m_pictures = -1;                 // the index of theirs
     JoinedTimes m_times;                 // of the pictures that have been read
-    Packet m_packet{av_packet_alloc()};  // read and placed, and not due yet
+    Packet m_packet{av_packet_alloc()};  // read and placed, and not written yet
+    std::int64_t m_reached = 0;  // when the latest packet is due, also one that is not copied
     QStringList m_leftOut;
 };
