@@ -145,13 +145,15 @@ bool StreamCopy::copyNext()
 }
 
 /// Reads no more than one packet: whoever waits is asked in between. The end of the source, or as
-/// good as it, ends the copying.
+/// good as it, ends the copying; libavformat takes a disk that fails for an end.
 bool StreamCopy::hasNext()
 {
     if (m_packet->buf)
         return true;
-    if (av_read_frame(m_input.get(), m_packet.get()) < 0)
+    if (av_read_frame(m_input.get(), m_packet.get()) < 0) {
+        checked(m_input->pb->error);
         return false;
+    }
     const AVStream &from = *m_input->streams[m_packet->stream_index];
     av_packet_rescale_ts(m_packet.get(), from.time_base, milliseconds);
     if (from.index == m_pictures)

@@ -17,8 +17,11 @@
 
 namespace {
 
+constexpr off_t nowhere = -1;
+
 std::atomic<ino_t> watchedFile{0};
-std::atomic<qint64> bytesRead{0};  // from it
+std::atomic<off_t> badPlace{nowhere};  // in it; no read that takes it in succeeds
+std::atomic<qint64> bytesRead{0};      // from it
 
 const QByteArray spoken = "1\n00:00:00,200 --> 00:00:00,600\n<i>Hello</i>\nthere\n\n"
                           "2\n00:00:01,000 --> 00:00:01,400\nGood bye\n";
@@ -47,6 +50,11 @@ extern "C" __attribute__((visibility("default"))) ssize_t read(int file, void *t
 {
     struct stat status = {};
     const bool isWatched = watchedFile && fstat(file, &status) == 0 && status.st_ino == watchedFile;
+    const off_t place = isWatched ? lseek(file, 0, SEEK_CUR) : 0;
+    if (isWatched && badPlace >= place && badPlace < place + off_t(size)) {
+        errno = EIO;
+        return -1;
+    }
     const ssize_t count = syscall(SYS_read, file, to, size);
     if (isWatched && count > 0)
         bytesRead += count;
@@ -71,6 +79,7 @@ private Q_SLOTS:
     void init()
     {
         watchedFile = 0;
+        badPlace = nowhere;
         bytesRead = 0;
     }
 
@@ -187,6 +196,27 @@ private Q_SLOTS:
         for (int i = 2; i < 77; ++i)
             QCOMPARE(sound[77 + i] - sound[i], 2000);
         QVERIFY(std::is_sorted(sound.begin(), sound.end()));
+    }
+
+    void aDiskThatFailsIsTold_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("sound");
+        QTest::newRow("with sound") << "sound.avi"
+                                    << "-f lavfi -i sine=d=10 -c:a pcm_s16le ";
+        QTest::newRow("without") << "silent.avi"
+                                 << "";
+    }
+    void aDiskThatFailsIsTold()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, sound);
+        const QString source = largeFilm(name, sound);
+        watch(source);
+        badPlace = QFileInfo(source).size() / 2;
+        exported(source);
+        QCOMPARE(failureLines(m_summary), QStringList(source + ": Input/output error"));
+        QCOMPARE(m_summary.files, QStringList());
     }
 
     void aFilmWithoutSoundIsReadAlongWithItsPictures()
