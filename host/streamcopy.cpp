@@ -29,6 +29,11 @@ bool fits(const AVFormatContext &output, const AVStream &stream)
         || av_codec_get_tag2(output.oformat->codec_tag, codec, &tag);
 }
 
+QLatin1String codecName(const AVStream &stream)
+{
+    return QLatin1String(avcodec_get_name(stream.codecpar->codec_id));
+}
+
 /// Matroska wants to know both of an attachment.
 bool isLabelled(const AVStream &attachment)
 {
@@ -98,6 +103,11 @@ StreamCopy::Track StreamCopy::trackFor(const AVStream &from)
 {
     switch (from.codecpar->codec_type) {
     case AVMEDIA_TYPE_AUDIO:
+        if (from.codecpar->sample_rate == 0) {
+            m_leftOut << Text::tr("without its sound in %1, of which the file tells too little")
+                             .arg(codecName(from));
+            return {};
+        }
         if (!fits(m_output, from))
             throw Failure{Text::tr("Matroska cannot hold its sound")};
         return {addStream(from), nullptr};
@@ -110,7 +120,7 @@ StreamCopy::Track StreamCopy::trackFor(const AVStream &from)
             return {to, std::move(conversion)};
         }
         m_leftOut << Text::tr("without its subtitles in %1, which Matroska cannot hold")
-                         .arg(QLatin1String(avcodec_get_name(from.codecpar->codec_id)));
+                         .arg(codecName(from));
         return {};
     case AVMEDIA_TYPE_ATTACHMENT:
         return {isLabelled(from) ? addStream(from) : nullptr, nullptr};

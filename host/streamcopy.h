@@ -26,7 +26,7 @@ public:
     /// Reads one packet and, if it is copied, writes it, whenever it is due; false at the end.
     bool copyNext();
 
-    /// What Matroska cannot hold and has been left out, in words.
+    /// What has been left out, and why, in words.
     const QStringList &leftOut() const { return m_leftOut; }
 
 private:

@@ -43,6 +43,17 @@ QByteArray outputOf(const QString &program, const QStringList &arguments)
     return process.readAllStandardOutput();
 }
 
+/// The packets of a transport stream without those of one stream.
+QByteArray withoutStream(const QByteArray &stream, int id)
+{
+    constexpr int size = 188;
+    QByteArray rest;
+    for (int at = 0; at + size <= stream.size(); at += size)
+        if (((uchar(stream[at + 1]) & 0x1f) << 8 | uchar(stream[at + 2])) != id)
+            rest += stream.mid(at, size);
+    return rest;
+}
+
 }  // namespace
 
 /// Takes the place of the system's for everything in this process.
@@ -176,6 +187,19 @@ private Q_SLOTS:
         QCOMPARE(streamOf(file, "audio")["codec_name"].toString(), codec);
         QVERIFY(soundOf(source).size() > 1000);
         QVERIFY(soundOf(file) == soundOf(source));
+    }
+
+    void soundThatIsOnlyNamedIsToldAndLeftOut()
+    {
+        const QByteArray both = Clips::read(
+            film("both.ts", "-f lavfi -i sine=d=2 -map 0 -map 1 -map 1 -c:a ac3 -c:v mpeg2video"));
+        const QString source = m_clips.write("named.ts", withoutStream(both, 0x102));
+        const QString file = exported(source);
+        QCOMPARE(failureLines(m_summary), QStringList());
+        QCOMPARE(
+            leftOutLines(m_summary),
+            QStringList(source + ": without its sound in ac3, of which the file tells too little"));
+        QVERIFY(!streamOf(file, "audio").isEmpty());
     }
 
     void recordingsThatWereJoinedGoOnOneAfterTheOther()

@@ -68,6 +68,11 @@
     </message>
     <message>
         <location filename="../streamcopy.cpp" line="111"/>
+        <source>without its sound in %1, of which the file tells too little</source>
+        <translation>ohne seinen Ton in %1, über den die Datei zu wenig sagt</translation>
+    </message>
+    <message>
+        <location filename="../streamcopy.cpp" line="111"/>
         <source>without its subtitles in %1, which Matroska cannot hold</source>
         <translation>ohne seine Untertitel in %1, die Matroska nicht aufnehmen kann</translation>
     </message>
