@@ -91,6 +91,7 @@ public:
     Conversion(const FilmOrder &order, QFile &target);
     void add(const KestPicture &picture);
     bool finish(const FilmProgress &progress);
+    std::int64_t done() const { return m_last - m_first; }  // ms
     const QStringList &leftOut() const { return m_others.leftOut(); }
 
 private:
@@ -110,6 +111,7 @@ private:
     Picture m_frame{av_frame_alloc()};
     Packet m_encoded{av_packet_alloc()};
     JoinedTimes m_times;
+    std::int64_t m_first = 0;              // ms, when the first picture is due
     std::int64_t m_last = AV_NOPTS_VALUE;  // ms, as the next
     std::int64_t m_interval = 0;
 };
@@ -205,7 +207,9 @@ void Conversion::add(const KestPicture &picture)
         begin(picture);
     convert(picture);
     std::int64_t time = m_times.next(av_rescale_q(picture.time, {1, 1000000}, milliseconds));
-    if (m_last != AV_NOPTS_VALUE) {
+    if (m_last == AV_NOPTS_VALUE) {
+        m_first = time;
+    } else {
         time = std::max(time, m_last + 1);
         m_interval = time - m_last;
     }
@@ -221,7 +225,7 @@ bool Conversion::finish(const FilmProgress &progress)
         throw Failure{Text::tr("none of its pictures can be decoded")};
     encode(nullptr);
     while (m_others.copyNext())
-        if (!progress(m_last))
+        if (!progress(done()))
             return false;
     checked(av_write_trailer(m_output.get()));
     checked(m_output->pb->error);
@@ -259,7 +263,7 @@ bool readInto(Conversion &conversion, const FilmOrder &order, const FilmProgress
     int code = KestReaderNext(order.reader, &picture);
     for (; code == KestOk; code = KestReaderNext(order.reader, &picture)) {
         conversion.add(picture);
-        if (!progress(picture.time / 1000))
+        if (!progress(conversion.done()))
             return false;
     }
     if (code != KestAtEnd)

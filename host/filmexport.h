@@ -23,8 +23,8 @@ struct FilmResult
     QStringList leftOut;  ///< what of the film is not in the file, in words
 };
 
-/// Called after each picture with its time in the film in ms, and after each packet of what goes on
-/// beyond the last one; false cancels.
+/// Called after each picture with how long after the first it is due, in ms, and after each packet of
+/// what goes on beyond the last one; false cancels.
 using FilmProgress = std::function<bool(long long milliseconds)>;
 
 /// Blocks; in any thread. Until it is finished the file is called "....part"; after a failure, or

@@ -69,6 +69,20 @@ private Q_SLOTS:
         QVERIFY2(states.last().done > 980, qPrintable(QString::number(states.last().done)));
     }
 
+    void progressCountsFromTheFirstPictureOn()
+    {
+        const QString film = m_clips.pattern("late.ts", "320x180", 2, "-output_ts_offset 36000");
+        QVector<int> done;
+        MediaEngine engine("null");
+        const ExportSummary summary = exportFilms(
+            engine, {{film, Kest3DRedCyan, 0.02, true}}, {m_clips.path("late"), false},
+            [&done](const ExportState &state) { done.append(state.done); }, goOn);
+        QCOMPARE(summary.files.size(), 1);
+        QCOMPARE(done.value(1), 20);
+        QCOMPARE(done.size(), 50);
+        QCOMPARE(done.last(), 980);
+    }
+
     void stoppedItWritesNoFurtherFilm()
     {
         int begun = 0;
