@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr AVRational microseconds = {1, AV_TIME_BASE};
+
 struct Text
 {
     Q_DECLARE_TR_FUNCTIONS(Export)
@@ -41,19 +43,31 @@ bool isLabelled(const AVStream &attachment)
         && av_dict_get(attachment.metadata, "mimetype", nullptr, 0);
 }
 
+/// Recordings count from the time of day, or from any. In µs, as the next.
+std::int64_t startOf(const AVFormatContext &film)
+{
+    return film.start_time == AV_NOPTS_VALUE ? 0 : JoinedTimes::bounded(film.start_time);
+}
+
 // FFmpeg has no function for it. Matroska refuses chapters that begin before the film.
 void copyChapters(const AVFormatContext &from, AVFormatContext &to)
 {
+    const auto timeInFilm = [&from](std::int64_t time, AVRational unit) {
+        return JoinedTimes::bounded(av_rescale_q(time, unit, microseconds)) - startOf(from);
+    };
     to.chapters = static_cast<AVChapter **>(av_calloc(from.nb_chapters, sizeof(AVChapter *)));
     for (unsigned i = 0; to.chapters && i < from.nb_chapters; ++i) {
         const AVChapter &original = *from.chapters[i];
-        if (original.end < std::max<std::int64_t>(0, original.start))
+        const std::int64_t start
+            = std::max<std::int64_t>(0, timeInFilm(original.start, original.time_base));
+        const std::int64_t end = timeInFilm(original.end, original.time_base);
+        if (end < start)
             continue;
         auto *chapter = static_cast<AVChapter *>(av_mallocz(sizeof(AVChapter)));
         chapter->id = original.id;
-        chapter->time_base = original.time_base;
-        chapter->start = std::max<std::int64_t>(0, original.start);
-        chapter->end = original.end;
+        chapter->time_base = microseconds;
+        chapter->start = start;
+        chapter->end = end;
         av_dict_copy(&chapter->metadata, original.metadata, 0);
         to.chapters[to.nb_chapters++] = chapter;
     }
@@ -79,6 +93,7 @@ StreamCopy::StreamCopy(const QString &source, AVFormatContext &output)
         const bool isWanted = m_tracks.back().to || int(i) == m_pictures;
         from.discard = isWanted ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
     }
+    m_output.output_ts_offset = -startOf(*m_input);
     copyChapters(*m_input, m_output);
     av_dict_copy(&m_output.metadata, m_input->metadata, 0);
 }

@@ -17,7 +17,8 @@ class StreamCopy
 {
 public:
     /// Adds what there is in `source` to a Matroska file whose header is not written yet and which
-    /// must outlive this. Fails where Matroska cannot hold the sound.
+    /// must outlive this. Fails where Matroska cannot hold the sound. All times, also those of packets
+    /// that others write, are still the source's; in the file they begin at 0.
     StreamCopy(const QString &source, AVFormatContext &output);
 
     /// Reads and writes what is due up to a time in ms, counted as JoinedTimes does.

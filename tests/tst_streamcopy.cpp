@@ -202,6 +202,26 @@ private Q_SLOTS:
         QVERIFY(!streamOf(file, "audio").isEmpty());
     }
 
+    void aFilmThatBeginsLateBeginsAtOnce()
+    {
+        const int start = 36000000;
+        const int lead = 311;  // of the sound
+        const QByteArray chapters = chapter("Beginning", start, start + 1000)
+            + chapter("End", start + 1000, start + 2000);
+        QVERIFY(!m_clips.write("late", ";FFMETADATA1\n" + chapters).isEmpty());
+        const QString source
+            = film("late.mkv",
+                   "-itsoffset -0.3 -f lavfi -i sine=d=2 -f ffmetadata -i late -map_chapters 2 "
+                   "-c:a mp2 -c:v mpeg2video -output_ts_offset 36000");
+        QCOMPARE(timesOf(source, "v").value(0), start);
+        QCOMPARE(timesOf(source, "a").value(0), start - lead);
+        const QString file = exported(source);
+        QCOMPARE(timesOf(file, "v").value(0), lead);
+        QCOMPARE(timesOf(file, "a").value(0), 0);
+        QCOMPARE(chaptersOf(file),
+                 QStringList({"0.311000 1.311000 Beginning", "1.311000 2.311000 End"}));
+    }
+
     void recordingsThatWereJoinedGoOnOneAfterTheOther()
     {
         // The second counts from where the first did, and begins with two packets of sound.
