@@ -26,7 +26,10 @@ public:
         return time + m_shift;
     }
 
-    /// How much later than in the file the latest picture is.
+    /// When the latest picture is due.
+    std::int64_t latest() const { return m_last.value_or(0) + m_shift; }
+
+    /// How much later than in the file that is.
     std::int64_t shift() const { return m_shift; }
 
 private:

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 namespace {
@@ -34,6 +35,11 @@ bool fits(const AVFormatContext &output, const AVStream &stream)
 QLatin1String codecName(const AVStream &stream)
 {
     return QLatin1String(avcodec_get_name(stream.codecpar->codec_id));
+}
+
+std::int64_t distance(std::int64_t time, std::int64_t other)
+{
+    return std::abs(time - other);
 }
 
 /// Matroska wants to know both of an attachment.
@@ -205,15 +211,16 @@ void StreamCopy::follow(const AVPacket &picture)
 }
 
 /// When the packet is due, in ms. Where the pictures' times jump back, the other tracks move by as
-/// much, each once its own jump back, so that all stay in step. What then still overlaps by a packet
-/// or two is written at one moment, for Matroska refuses to go back.
+/// much, each once that takes it nearer to the pictures around it, so that all stay in step. What then
+/// still overlaps by a packet or two is written at one moment, for Matroska refuses to go back.
 void StreamCopy::place(AVPacket &packet, Track &track)
 {
     std::int64_t time = packet.dts == AV_NOPTS_VALUE ? packet.pts : packet.dts;
     if (time == AV_NOPTS_VALUE)
         time = std::max<std::int64_t>(0, track.last) - track.shift;
     time = JoinedTimes::bounded(time);
-    if (time + track.shift < track.last)
+    if (distance(time + m_times.shift(), m_times.latest())
+        < distance(time + track.shift, m_times.latest()))
         track.shift = m_times.shift();
     packet.dts = track.last = m_reached = std::max(time + track.shift, track.last);
     packet.pts = packet.pts == AV_NOPTS_VALUE

@@ -47,14 +47,16 @@ private Q_SLOTS:
         QCOMPARE(joined({0, 200, 99, 139}), Times({0, 200, 400, 440}));
     }
 
-    void tellsByHowMuchItMoves()
+    void tellsWhereItIsAndByHowMuchItMoves()
     {
         JoinedTimes times;
+        QCOMPARE(times.latest(), std::int64_t(0));
         times.next(400);
         times.next(440);
         QCOMPARE(times.shift(), std::int64_t(0));
         times.next(0);
         QCOMPARE(times.shift(), std::int64_t(480));
+        QCOMPARE(times.latest(), std::int64_t(480));
     }
 
     void numbersThatAreNoTimesAreBounded()

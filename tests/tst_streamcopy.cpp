@@ -242,6 +242,22 @@ private Q_SLOTS:
         QVERIFY(std::is_sorted(sound.begin(), sound.end()));
     }
 
+    void soundThatPausesWhereRecordingsWereJoinedKeepsItsPlace()
+    {
+        const QByteArray first
+            = Clips::read(film("first.ts", "-f lavfi -i sine=d=0.5 -c:a mp2 -c:v mpeg2video"));
+        const QByteArray second = Clips::read(
+            film("second.ts", "-itsoffset 1 -f lavfi -i sine=d=1 -c:a mp2 -c:v mpeg2video"));
+        const QString file = exported(m_clips.write("pause.ts", first + second));
+        QVector<int> pictures = timesOf(file, "v");
+        std::sort(pictures.begin(), pictures.end());
+        QCOMPARE(pictures.size(), 100);
+        const QVector<int> sound = timesOf(file, "a");
+        QCOMPARE(sound.size(), 20 + 39);
+        const int packet = 26;  // ms
+        QVERIFY2(qAbs(sound[20] - pictures[75]) < packet, qPrintable(QString::number(sound[20])));
+    }
+
     void aDiskThatFailsIsTold_data()
     {
         QTest::addColumn<QString>("name");
