@@ -49,6 +49,28 @@ bool isLabelled(const AVStream &attachment)
         && av_dict_get(attachment.metadata, "mimetype", nullptr, 0);
 }
 
+bool isMovingPicture(const AVStream &stream)
+{
+    return stream.codecpar->codec_type == AVMEDIA_TYPE_VIDEO
+        && !(stream.disposition & AV_DISPOSITION_ATTACHED_PIC);
+}
+
+/// The index of those that libmpv shows; -1: it shows none.
+int picturesOf(const AVFormatContext &film)
+{
+    int first = -1;
+    for (int i = 0; i < int(film.nb_streams); ++i) {
+        const AVStream &stream = *film.streams[i];
+        if (!isMovingPicture(stream))
+            continue;
+        if (stream.disposition & AV_DISPOSITION_DEFAULT)
+            return i;
+        if (first < 0)
+            first = i;
+    }
+    return first;
+}
+
 /// Recordings count from the time of day, or from any. In µs, as the next.
 std::int64_t startOf(const AVFormatContext &film)
 {
@@ -92,7 +114,7 @@ StreamCopy::StreamCopy(const QString &source, AVFormatContext &output)
     : m_output(output)
 {
     openInput(source);
-    m_pictures = av_find_best_stream(m_input.get(), AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    m_pictures = picturesOf(*m_input);
     for (unsigned i = 0; i < m_input->nb_streams; ++i) {
         AVStream &from = *m_input->streams[i];
         m_tracks.push_back(trackFor(from));

@@ -258,6 +258,22 @@ private Q_SLOTS:
         QVERIFY2(qAbs(sound[20] - pictures[75]) < packet, qPrintable(QString::number(sound[20])));
     }
 
+    void soundFollowsThePicturesThatAreShown()
+    {
+        // The others are more, but in the first recording only.
+        const QByteArray both = Clips::read(
+            film("angles.ts",
+                 "-f lavfi -i testsrc2=s=128x72:r=50:d=2 -f lavfi -i sine=d=2 -map 0 -map 1 "
+                 "-map 2 -c:a mp2 -c:v mpeg2video"));
+        const QString file
+            = exported(m_clips.write("angles.joined.ts", both + withoutStream(both, 0x101)));
+        QCOMPARE(streamOf(file, "video")["width"].toInt(), 64);
+        QCOMPARE(timesOf(file, "v").size(), 100);
+        const QVector<int> sound = timesOf(file, "a");
+        QCOMPARE(sound.size(), 2 * 77);
+        QCOMPARE(sound.last() - sound[76], 2000);
+    }
+
     void aDiskThatFailsIsTold_data()
     {
         QTest::addColumn<QString>("name");

@@ -62,32 +62,32 @@
         <translation>der Export wurde abgebrochen</translation>
     </message>
     <message>
-        <location filename="../streamcopy.cpp" line="101"/>
+        <location filename="../streamcopy.cpp" line="155"/>
         <source>Matroska cannot hold its sound</source>
         <translation>Matroska kann seinen Ton nicht aufnehmen</translation>
     </message>
     <message>
-        <location filename="../streamcopy.cpp" line="111"/>
+        <location filename="../streamcopy.cpp" line="150"/>
         <source>without its sound in %1, of which the file tells too little</source>
         <translation>ohne seinen Ton in %1, über den die Datei zu wenig sagt</translation>
     </message>
     <message>
-        <location filename="../streamcopy.cpp" line="111"/>
+        <location filename="../streamcopy.cpp" line="165"/>
         <source>without its subtitles in %1, which Matroska cannot hold</source>
         <translation>ohne seine Untertitel in %1, die Matroska nicht aufnehmen kann</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="150"/>
+        <location filename="../filmexport.cpp" line="152"/>
         <source>FFmpeg has no encoder for it here</source>
         <translation>FFmpeg hat hier keinen passenden Encoder</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="185"/>
+        <location filename="../filmexport.cpp" line="187"/>
         <source>FFmpeg cannot convert its pictures</source>
         <translation>FFmpeg kann seine Bilder nicht umwandeln</translation>
     </message>
     <message>
-        <location filename="../filmexport.cpp" line="221"/>
+        <location filename="../filmexport.cpp" line="225"/>
         <source>none of its pictures can be decoded</source>
         <translation>keines seiner Bilder lässt sich dekodieren</translation>
     </message>
