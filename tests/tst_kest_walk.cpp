@@ -33,6 +33,7 @@ struct Model
         int code = KestOk;
         std::optional<int> draft;
         bool inWindow = false;
+        bool named = true;  ///< by its id, until that gets another file
     };
 
     bool open = true;
@@ -44,7 +45,7 @@ struct Model
 
     void endEdit(bool save)
     {
-        if (edit && save && edit->draft && files.count(edit->fileId))
+        if (edit && save && edit->draft && edit->named)
             files[edit->fileId].kept = edit->draft;
         edit.reset();
     }
@@ -246,7 +247,7 @@ private:
         if (code != KestOk)
             return;
         m_model.files[fileId].kept = record.mode;
-        if (m_model.edit && m_model.edit->fileId == fileId)
+        if (m_model.edit && m_model.edit->fileId == fileId && m_model.edit->named)
             m_model.edit->draft = record.mode;
     }
 
@@ -295,6 +296,8 @@ private:
         const auto &[path, code] = m_paths[std::size_t(below(m_paths.size()))];
         QCOMPARE(KestAddFile(m_engine, fileId, path.toUtf8().constData()), int(KestOk));
         m_model.files[fileId] = {code, {}};
+        if (m_model.edit && m_model.edit->fileId == fileId)
+            m_model.edit->named = false;
     }
 
     void setLayout()
