@@ -1,15 +1,59 @@
-// Engine, window, dialog and widget go while a film plays, in each of their 24 orders: whatever is
-// left stays usable. Not here: how often that can be done (tst_lifetime.cpp).
+// Engine, window, dialog and widget go while a film plays, in each order in which a host may let go of
+// them: whatever is left stays usable. Not here: how often that can be done (tst_lifetime.cpp).
 #include "engine/mpv/kest_host.h"
 #include "playwidget/playwidget.h"
 
+#include <QAbstractButton>
 #include <QDialog>
 #include <QPointer>
+#include <QSignalSpy>
 #include <QtTest>
 
 #include <algorithm>
 #include <functional>
 #include <map>
+
+namespace {
+
+/// All that a host has around a film.
+struct Host
+{
+    /// Each on its own, or the widget in the dialog in the window.
+    explicit Host(bool nested = false)
+        : window(new QWidget)
+        , dialog(new QDialog(nested ? window.data() : nullptr))
+        , widget(new PlayWidget(nested ? dialog.data() : nullptr))
+        , player(widget->findChild<QObject *>(QStringLiteral("PlayWidget_Impl")))
+        , events(player, SIGNAL(updatePlayState(int, uint)))
+    {
+        KestAddFile(engine, 1, SAMPLES "/depth.mkv");
+        widget->initialize(engine, Kest3DTurnOff);
+        widget->addPlayItem(1, QStringLiteral("depth.mkv"), false, Kest3DRedCyan, 0.01);
+        for (QWidget *shown : std::initializer_list<QWidget *>{window, dialog, widget})
+            shown->show();
+    }
+
+    unsigned position() const { return events.isEmpty() ? 0 : events.last().at(1).toUInt(); }
+
+    bool plays() const
+    {
+        return QTest::qWaitFor([this] { return position() > 0; });
+    }
+
+    void click(const QString &button) const
+    {
+        widget->findChild<QAbstractButton *>(button)->click();
+    }
+
+    void *const engine = KestOpen("null");
+    const QPointer<QWidget> window;
+    const QPointer<QDialog> dialog;
+    const QPointer<PlayWidget> widget;
+    QObject *const player;  ///< inside the widget, and told of the engine's events
+    const QSignalSpy events;
+};
+
+}  // namespace
 
 class tst_Destruction : public QObject
 {
@@ -23,44 +67,42 @@ private Q_SLOTS:
 void tst_Destruction::everyOrder_data()
 {
     QTest::addColumn<QString>("order");
+    QTest::addColumn<bool>("nested");
     QString order = QStringLiteral("degw");  // the first of all, for it is sorted
     do {
-        QTest::newRow(qPrintable(order)) << order;
+        QTest::addRow("%s apart", qPrintable(order)) << order << false;
     } while (std::next_permutation(order.begin(), order.end()));
+    for (const char *outer : {"we", "ew", "dwe", "dew", "edw"})  // each takes what lies in it along
+        QTest::addRow("%s nested", outer) << QString(outer) << true;
 }
 
 void tst_Destruction::everyOrder()
 {
     QFETCH(QString, order);
-    void *const engine = KestOpen("null");
-    QVERIFY(engine);
-    QCOMPARE(KestAddFile(engine, 1, SAMPLES "/depth.mkv"), int(KestOk));
-    const QPointer<QWidget> window = new QWidget;
-    const QPointer<QDialog> dialog = new QDialog(window);
-    const QPointer<PlayWidget> widget = new PlayWidget(dialog);
-    window->show();
-    dialog->show();
-    widget->initialize(engine, Kest3DTurnOff);
-    widget->addPlayItem(1, QStringLiteral("depth.mkv"), false, Kest3DRedCyan, 0.01);
-    widget->setPlayIndex(0);
-    QCOMPARE(widget->errorString(), QString());
-    QCoreApplication::processEvents();
+    QFETCH(bool, nested);
+    const Host host(nested);
+    host.widget->setPlayIndex(0);
+    QVERIFY(host.plays());
 
-    const std::map<QChar, std::function<void()>> ends = {{'d', [&] { delete dialog; }},
-                                                         {'e', [&] { KestClose(engine); }},
-                                                         {'g', [&] { delete widget; }},
-                                                         {'w', [&] { delete window; }}};
+    const std::map<QChar, std::function<void()>> ends = {{'d', [&] { delete host.dialog; }},
+                                                         {'e', [&] { KestClose(host.engine); }},
+                                                         {'g', [&] { delete host.widget; }},
+                                                         {'w', [&] { delete host.window; }}};
+    bool isOpen = true;
     for (const QChar which : order) {
         ends.at(which)();
         QCoreApplication::processEvents();
-        if (!widget)
+        isOpen = isOpen && which != QLatin1Char('e');
+        if (!host.widget) {
+            QCOMPARE(KestPlay(host.engine), int(isOpen ? KestErrorNoEdit : KestErrorHandle));
             continue;
-        widget->setPlayIndex(0);
-        QCOMPARE(widget->playIndex(), 0);
-        QVERIFY(!widget->grab().isNull());
+        }
+        for (int i = 0; i < 2; ++i)
+            host.click(QStringLiteral("btnPlay"));  // pauses, and goes on
+        QCOMPARE(host.widget->errorString().isEmpty(), isOpen);
+        QVERIFY(!host.widget->grab().isNull());
     }
-    QVERIFY(!widget && !dialog && !window);
-    QCOMPARE(KestPlay(engine), int(KestErrorHandle));
+    QVERIFY(!isOpen && !host.widget && !host.dialog && !host.window);
 }
 
 QTEST_MAIN(tst_Destruction)
