@@ -2,6 +2,8 @@
 // Not here: starting and stopping (playwidget_impl_transport.cpp).
 #include "playwidget/playwidget_impl.h"
 
+#include <QPointer>
+
 namespace {
 
 constexpr quint32 PartStep = 5000;  // ms
@@ -50,9 +52,11 @@ void PlayWidget_Impl::setPlayIndex(int index)
         currentIndex = index;
     else
         currentIndex = playItems.isEmpty() ? -1 : 0;
+    const QPointer<PlayWidget_Impl> alive(this);
     if (copyCurrentItem())
         playVideo();
-    updatePriorAndNextState();
+    if (alive)
+        updatePriorAndNextState();
 }
 
 // The index becomes 0 although nothing is left to select: hosts read it so. Playback goes on.
@@ -106,8 +110,10 @@ void PlayWidget_Impl::playPriorFile()
         return;
     stopVideo(true);
     priorFileId();
+    const QPointer<PlayWidget_Impl> alive(this);
     playVideo();
-    updatePriorAndNextState();
+    if (alive)
+        updatePriorAndNextState();
 }
 
 void PlayWidget_Impl::playNextFile()
@@ -116,8 +122,10 @@ void PlayWidget_Impl::playNextFile()
         return;
     stopVideo(true);
     nextFileId();
+    const QPointer<PlayWidget_Impl> alive(this);
     playVideo();
-    updatePriorAndNextState();
+    if (alive)
+        updatePriorAndNextState();
 }
 
 void PlayWidget_Impl::playPriorPart()

@@ -4,6 +4,7 @@
 #include "playwidget/playwidget_impl.h"
 
 #include <QFileInfo>
+#include <QPointer>
 #include <QTimer>
 
 namespace {
@@ -61,7 +62,10 @@ bool PlayWidget_Impl::playVideo()
 
     ui.lblFileName->setText(QFileInfo(currentFileName).fileName());
     (void)KestGetMediaDuration(engine, currentFileId, &duration);
+    const QPointer<PlayWidget_Impl> alive(this);
     beginEdit(currentIndex);
+    if (!alive)
+        return false;
     (void)KestChangeVolume(engine, ui.volumeTracker->getValue());
     if (const int code = KestPlay(engine)) {
         errors.addFunctionErrorWithCode(QStringLiteral("KestPlay"), code);
@@ -118,7 +122,11 @@ void PlayWidget_Impl::beginEdit(int index)
     params.firstWindow = params.secondWindow = ui.videoWnd;
     params.callback = CallbackVelmoEvent;
     params.userData = this;
+    // The engine reports while it begins, and whoever hears of that may delete the widget.
+    const QPointer<PlayWidget_Impl> alive(this);
     (void)KestEditBegin(engine, &params);
+    if (!alive)
+        return;
     ui.videoWnd->resetSessionState();
     beginFilter(item);
 }

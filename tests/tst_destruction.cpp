@@ -1,5 +1,6 @@
 // Engine, window, dialog and widget go while a film plays, in each order in which a host may let go of
-// them: whatever is left stays usable. Not here: how often that can be done (tst_lifetime.cpp).
+// them, and the widget from inside an event: whatever is left stays usable.
+// Not here: how often that can be done (tst_lifetime.cpp).
 #include "engine/mpv/kest_host.h"
 #include "playwidget/playwidget.h"
 
@@ -28,7 +29,8 @@ struct Host
     {
         KestAddFile(engine, 1, SAMPLES "/depth.mkv");
         widget->initialize(engine, Kest3DTurnOff);
-        widget->addPlayItem(1, QStringLiteral("depth.mkv"), false, Kest3DRedCyan, 0.01);
+        for (int i = 0; i < 2; ++i)
+            widget->addPlayItem(1, QStringLiteral("depth.mkv"), false, Kest3DRedCyan, 0.01);
         for (QWidget *shown : std::initializer_list<QWidget *>{window, dialog, widget})
             shown->show();
     }
@@ -53,6 +55,31 @@ struct Host
     const QSignalSpy events;
 };
 
+/// Deletes the widget inside the first event from a time on.
+class Deleter : public QObject
+{
+    Q_OBJECT
+
+public:
+    Deleter(const Host &host, unsigned from)
+        : m_widget(host.widget)
+        , m_from(from)
+    {
+        connect(host.player, SIGNAL(updatePlayState(int, uint)), SLOT(hear(int, uint)));
+    }
+
+public Q_SLOTS:
+    void hear(int, uint time)
+    {
+        if (time >= m_from)
+            delete m_widget;
+    }
+
+private:
+    const QPointer<PlayWidget> m_widget;
+    const unsigned m_from;
+};
+
 }  // namespace
 
 class tst_Destruction : public QObject
@@ -62,6 +89,8 @@ class tst_Destruction : public QObject
 private Q_SLOTS:
     void everyOrder_data();
     void everyOrder();
+    void insideAnEvent_data();
+    void insideAnEvent();
 };
 
 void tst_Destruction::everyOrder_data()
@@ -103,6 +132,36 @@ void tst_Destruction::everyOrder()
         QVERIFY(!host.widget->grab().isNull());
     }
     QVERIFY(!isOpen && !host.widget && !host.dialog && !host.window);
+}
+
+void tst_Destruction::insideAnEvent_data()
+{
+    QTest::addColumn<int>("item");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<unsigned>("from");
+    QTest::newRow("while it plays") << 0 << QString() << 1U;
+    QTest::newRow("while it begins") << 0 << QString() << 0U;
+    QTest::newRow("while the next begins") << 0 << QStringLiteral("btnNextFile") << 0U;
+    QTest::newRow("while the prior begins") << 1 << QStringLiteral("btnPriorFile") << 0U;
+}
+
+void tst_Destruction::insideAnEvent()
+{
+    QFETCH(int, item);
+    QFETCH(QString, button);
+    QFETCH(unsigned, from);
+    const Host host;
+    host.widget->setPlayIndex(item);
+    const Deleter deleter(host, from);
+    if (button.isEmpty())
+        host.widget->setPlayIndex(item);
+    else
+        host.click(button);
+    QTRY_VERIFY(!host.widget);
+    QCOMPARE(KestEditEnd(host.engine, false), int(KestErrorNoEdit));
+    KestClose(host.engine);
+    delete host.dialog;
+    delete host.window;
 }
 
 QTEST_MAIN(tst_Destruction)
