@@ -1,4 +1,4 @@
-// PlayWidget: what a host gets from each call, and what it may do inside the two signals.
+// PlayWidget: what a host gets from each call, and what it may do inside a signal.
 // Not here: what the player behind it does with the calls; that is the other tests of the widget.
 #include "widgetfixture.h"
 
@@ -107,6 +107,8 @@ private Q_SLOTS:
     void mayBeDeletedLaterInsideASignal();
     void mayBeDeletedInsideASignal_data();
     void mayBeDeletedInsideASignal();
+    void mayBeDeletedInsideAnEvent_data();
+    void mayBeDeletedInsideAnEvent();
 
     void deletingItEndsTheEditWithoutSaving_data();
     void deletingItEndsTheEditWithoutSaving();
@@ -442,6 +444,50 @@ void tst_PlayWidget::mayBeDeletedInsideASignal()
     connect(widget, &PlayWidget::rejected, [&] { delete widget; });
     take(player, way);
     QVERIFY(!widget);
+}
+
+void tst_PlayWidget::mayBeDeletedInsideAnEvent_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("saved");
+    QTest::addColumn<bool>("queued");
+    for (const bool queued : {false, true}) {
+        const char *way = queued ? "of another thread" : "of this thread";
+        QTest::addRow("a position %s", way) << 3 << false << queued;
+        QTest::addRow("a tick past the end %s", way) << 7 << true << queued;
+        QTest::addRow("the end %s", way) << 5 << true << queued;
+    }
+}
+
+// More events are on their way when it goes: the host still hears of them, the player does not.
+void tst_PlayWidget::mayBeDeletedInsideAnEvent()
+{
+    QFETCH(int, state);
+    QFETCH(bool, saved);
+    QFETCH(bool, queued);
+    Player player;
+    player.play();
+    player.report(3, 60001);
+    const QPointer<PlayWidget> widget = player.widget.release();
+    int heard = 0;
+    const QObject host;
+    connect(&player.impl, &PlayWidget_Impl::updatePlayState, &host, [&] {
+        ++heard;
+        delete widget;
+    });
+    const int events = queued ? 3 : 1;
+    const auto send = [&] {
+        for (int i = 0; i < events; ++i)
+            player.report(state, 60002);
+    };
+    if (queued)
+        std::thread(send).join();
+    else
+        send();
+    QCOMPARE(heard, queued ? 0 : 1);
+    QTRY_COMPARE(heard, events);
+    QVERIFY(!widget);
+    QCOMPARE(player.calls(), Player::stopCalls(saved));
 }
 
 void tst_PlayWidget::deletingItEndsTheEditWithoutSaving_data()
