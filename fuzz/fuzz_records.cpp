@@ -5,9 +5,15 @@
 #include "fuzz/bytes.h"
 #include "fuzz/offscreen.h"
 
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <filesystem>
+
 namespace {
 
 constexpr int filterKind = 9;
+constexpr int patienceMilliseconds = 10000;
 
 bool isCode(int code)
 {
@@ -19,6 +25,38 @@ bool sameBits(double one, double other)
     return std::memcmp(&one, &other, sizeof one) == 0;
 }
 
+/// Whether a folder can hold a file of this name.
+bool isFileName(const std::string &name)
+{
+    return !name.empty() && name != "." && name != ".."
+        && name.find_first_of(std::string("/\0", 2)) == std::string::npos;
+}
+
+/// A film of this name, as long as it is needed; none where the disk does not take the name.
+class NamedFilm
+{
+public:
+    explicit NamedFilm(const std::string &name)
+    {
+        static const QTemporaryDir folder;
+        m_path = folder.path().toStdString() + '/' + name;
+        m_exists = isFileName(name) && std::filesystem::copy_file(FILM, m_path, m_error);
+    }
+    ~NamedFilm()
+    {
+        if (m_exists)
+            std::filesystem::remove(m_path, m_error);
+    }
+
+    bool exists() const { return m_exists; }
+    const char *path() const { return m_path.c_str(); }
+
+private:
+    std::filesystem::path m_path;
+    std::error_code m_error;
+    bool m_exists = false;
+};
+
 class Engine
 {
 public:
@@ -29,8 +67,8 @@ public:
     void run()
     {
         using Step = void (Engine::*)();
-        static constexpr Step steps[] = {&Engine::keep, &Engine::edit, &Engine::name,
-                                         &Engine::composePicture, &Engine::layOut};
+        static constexpr Step steps[] = {&Engine::keep,           &Engine::edit,   &Engine::name,
+                                         &Engine::composePicture, &Engine::layOut, &Engine::play};
         while (!m_bytes.atEnd())
             (this->*steps[m_bytes.below(std::size(steps))])();
     }
@@ -110,6 +148,46 @@ private:
         REQUIRE(KestSetStereoLayout(m_engine, fileId, layout)
                 == (known ? KestOk : KestErrorArgument));
         KestRemoveFile(m_engine, fileId);
+    }
+
+    /// A film plays under any name. Seldom, for it takes as long as a hundred other steps.
+    void play()
+    {
+        const bool seldom = m_bytes.take<std::uint8_t>() == 1;
+        const std::string name = m_bytes.text();
+        if (!seldom)
+            return;
+        const NamedFilm film(name);
+        if (!film.exists())
+            return;
+        REQUIRE(KestAddFile(m_engine, 1, film.path()) == KestOk);
+        long long duration = 0;
+        REQUIRE(KestGetMediaDuration(m_engine, 1, &duration) == KestOk && duration == 400);
+        reach(200);
+        KestRemoveFile(m_engine, 1);
+    }
+
+    void reach(unsigned position)
+    {
+        unsigned reached = 0;
+        EditBeginParams params = {};
+        params.fileId = 1;
+        params.callback = &Engine::takePosition;
+        params.userData = &reached;
+        REQUIRE(KestEditBegin(m_engine, &params) == KestOk);
+        REQUIRE(KestPlay(m_engine) == KestOk);
+        REQUIRE(KestSetCurPos(m_engine, position) == KestOk);
+        QElapsedTimer time;
+        for (time.start(); reached == 0 && time.elapsed() < patienceMilliseconds;)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+        REQUIRE(reached >= position);
+        REQUIRE(KestEditEnd(m_engine, false) == KestOk);
+    }
+
+    static int takePosition(tagKestEvent *event, void *position)
+    {
+        *static_cast<unsigned *>(position) = event->time;
+        return 0;
     }
 
     /// One for all inputs, for opening takes longer than all that is done with it here.
