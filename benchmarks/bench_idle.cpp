@@ -1,7 +1,10 @@
-// Does an engine that has nothing to show leave the processor alone?
+// Does a player that has nothing to show leave the processor alone?
 // Not here: what playing costs (bench_play.cpp).
 #include "benchmarks/stage.h"
+#include "playwidget/playwidget.h"
 
+#include <QAbstractButton>
+#include <QCursor>
 #include <QDir>
 #include <QFile>
 
@@ -66,6 +69,24 @@ void measure(Stage &stage, const char *state, int seconds)
     std::fflush(stdout);
 }
 
+/// The widget with the stage's film. While the pointer is on the video the bar counts the seconds.
+void measureWidget(Stage &stage, int seconds)
+{
+    PlayWidget widget;
+    widget.initialize(stage.engine, Kest3DTurnOff);
+    widget.addPlayItem(1, QString(), false, Kest3DRedCyan, -0.012);
+    widget.show();
+    widget.setPlayIndex(0);
+    stage.runFor(500);
+    widget.findChild<QAbstractButton *>("btnPlay")->click();
+    const auto *bar = widget.findChild<QWidget *>("panPlayControl");
+    QCursor::setPos(widget.mapToGlobal(QPoint(50, 50)));
+    stage.runUntil([bar] { return bar->isVisible(); });
+    measure(stage, "paused, pointer on the video", seconds);
+    QCursor::setPos(widget.mapToGlobal(widget.rect().bottomRight() + QPoint(50, 50)));
+    measure(stage, "paused, pointer elsewhere", seconds);
+}
+
 }  // namespace
 
 int main(int argc, char **argv)
@@ -89,4 +110,5 @@ int main(int argc, char **argv)
     measure(stage, "hidden, the film going on", seconds);
     KestEditEnd(stage.engine, false);  // as the player does when it is hidden
     measure(stage, "player hidden", seconds);
+    measureWidget(stage, seconds);
 }
