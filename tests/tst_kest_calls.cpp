@@ -3,6 +3,7 @@
 #include "clips.h"
 #include "enginestage.h"
 
+#include <optional>
 #include <thread>
 
 namespace {
@@ -69,6 +70,33 @@ std::vector<Call> allCalls()
          KestErrorArgument},
     };
 }
+
+/// An event that a callback answers with an ending.
+struct Occasion
+{
+    const char *name;
+    bool (*is)(const tagKestEvent &);
+};
+
+const Occasion occasions[] = {
+    {"at the first event", [](const tagKestEvent &) { return true; }},
+    {"as it plays", [](const tagKestEvent &event) { return event.time > 3880; }},
+    {"at the end", [](const tagKestEvent &event) { return event.state == 5; }},
+};
+
+/// A way for an edit to be over.
+struct Ending
+{
+    const char *name;
+    void (*make)(EngineStage &);
+    int code;  ///< of all that is asked of the edit afterwards
+};
+
+const Ending endings[] = {
+    {"edit ended", [](EngineStage &stage) { KestEditEnd(stage.engine, true); }, KestErrorNoEdit},
+    {"window destroyed", [](EngineStage &stage) { stage.window.reset(); }, KestErrorNoEdit},
+    {"engine closed", [](EngineStage &stage) { KestClose(stage.engine); }, KestErrorHandle},
+};
 
 }  // namespace
 
@@ -351,19 +379,68 @@ private Q_SLOTS:
         QTRY_VERIFY(two.showsAtCentre(0xffffffff));
     }
 
-    void theCallbackMayEndTheEdit()
+    void theCallbackMayEndItAll_data()
     {
+        QTest::addColumn<int>("occasion");
+        QTest::addColumn<int>("ending");
+        QTest::addColumn<bool>("later");
+        for (int occasion = 0; occasion < int(std::size(occasions)); ++occasion)
+            for (int ending = 0; ending < int(std::size(endings)); ++ending)
+                for (const bool later : {false, true})
+                    QTest::addRow("%s %s%s", endings[ending].name, occasions[occasion].name,
+                                  later ? ", by what it queued" : "")
+                        << occasion << ending << later;
+    }
+    void theCallbackMayEndItAll()
+    {
+        QFETCH(const int, occasion);
+        QFETCH(const int, ending);
+        QFETCH(const bool, later);
         EngineStage stage;
+        QObject receiver;
+        std::optional<std::size_t> events;  // when it was over
+        const auto end = [&] {
+            endings[ending].make(stage);
+            events = stage.events.size();
+        };
         stage.onEvent = [&](const tagKestEvent &event) {
-            if (event.time > 100)
-                QCOMPARE(KestEditEnd(stage.engine, true), int(KestOk));
+            if (!occasions[occasion].is(event))
+                return;
+            stage.onEvent = {};
+            if (later)
+                QMetaObject::invokeMethod(&receiver, end, Qt::QueuedConnection);
+            else
+                end();
         };
         QCOMPARE(stage.open(m_film), int(KestOk));
-        QCOMPARE(KestPlay(stage.engine), int(KestOk));
-        QTRY_COMPARE(KestPlay(stage.engine), int(KestErrorNoEdit));
-        const std::size_t events = stage.events.size();
-        QTest::qWait(100);
-        QCOMPARE(stage.events.size(), events);
+        (void)KestSetCurPos(stage.engine, 3880);
+        (void)KestPlay(stage.engine);
+        QTRY_VERIFY(events);
+        for (const int code : {KestPlay(stage.engine), KestSetCurPos(stage.engine, 0),
+                               KestEditEnd(stage.engine, true)})
+            QCOMPARE(code, endings[ending].code);
+        QTest::qWait(50);
+        QCOMPARE(stage.events.size(), *events);
+    }
+
+    void anEditMayBeginOnceTheCallbackHasDestroyedTheWindow()
+    {
+        EngineStage stage;
+        tagKestFilterInfo info = {};
+        stage.onEvent = [&](const tagKestEvent &event) {
+            if (event.time > 3500)
+                stage.window.reset();
+        };
+        QCOMPARE(stage.open(m_film), int(KestOk));
+        QCOMPARE(stage.setFilter(Kest3DRedCyan, 0.1), int(KestOk));
+        QCOMPARE(KestSetCurPos(stage.engine, 3600), int(KestOk));
+        QTRY_VERIFY(!stage.window);
+        QCOMPARE(KestGetFilter2(stage.engine, 1, 9, &info), int(KestErrorNoFilter));
+        stage.window = std::make_unique<CVideoWnd>();
+        stage.window->resize(64, 36);
+        stage.window->show();
+        QCOMPARE(stage.begin(1), int(KestOk));
+        QTRY_VERIFY(stage.showsAtCentre(0xffff0000));
     }
 
     void theCallbackMayBeginAnEdit()
@@ -381,29 +458,6 @@ private Q_SLOTS:
         QTRY_VERIFY(!again);
         QCOMPARE(stage.position(), 0u);
         QTRY_VERIFY(stage.position() > 200);
-    }
-
-    void theCallbackMayCloseTheEngine()
-    {
-        EngineStage stage;
-        stage.onEvent = [&](const tagKestEvent &event) {
-            if (event.time > 100)
-                KestClose(stage.engine);
-        };
-        QCOMPARE(stage.open(m_film), int(KestOk));
-        QCOMPARE(KestPlay(stage.engine), int(KestOk));
-        QTRY_COMPARE(KestPlay(stage.engine), int(KestErrorHandle));
-    }
-
-    void theFirstCallbackMayDoAllThat()
-    {
-        EngineStage stage;
-        stage.onEvent = [&](const tagKestEvent &) { KestEditEnd(stage.engine, true); };
-        QCOMPARE(stage.open(m_film), int(KestOk));
-        QCOMPARE(KestPlay(stage.engine), int(KestErrorNoEdit));
-        stage.onEvent = [&](const tagKestEvent &) { KestClose(stage.engine); };
-        QCOMPARE(stage.begin(1), int(KestOk));
-        QCOMPARE(KestPlay(stage.engine), int(KestErrorHandle));
     }
 
     void theEndMayBeAnsweredByTheNextFile()
