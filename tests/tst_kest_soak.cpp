@@ -116,6 +116,36 @@ private:
     alignas(64) unsigned char m_picture[256 * 36];
 };
 
+bool showsItsFirstPicture(const EngineStage &stage)
+{
+    return QTest::qWaitFor([&] { return stage.showsAtCentre(0xffff0000); });
+}
+
+/// What an edit that has just begun may be at.
+struct Business
+{
+    const char *name;
+    void (*doFor)(EngineStage &, int milliseconds);
+};
+
+const Business businesses[] = {
+    {"opens", [](EngineStage &, int milliseconds) { QTest::qWait(milliseconds); }},
+    {"opens unheard", [](EngineStage &, int milliseconds) { QThread::msleep(milliseconds); }},
+    {"plays",
+     [](EngineStage &stage, int milliseconds) {
+         QVERIFY(showsItsFirstPicture(stage));
+         QCOMPARE(KestPlay(stage.engine), int(KestOk));
+         QTest::qWait(milliseconds);
+     }},
+    {"seeks",
+     [](EngineStage &stage, int milliseconds) {
+         QVERIFY(showsItsFirstPicture(stage));
+         QCOMPARE(KestPlay(stage.engine), int(KestOk));
+         QCOMPARE(KestSetCurPos(stage.engine, 2500), int(KestOk));
+         QTest::qWait(milliseconds);
+     }},
+};
+
 }  // namespace
 
 class tst_KestSoak : public QObject
@@ -148,16 +178,28 @@ private Q_SLOTS:
         QVERIFY2(whole - plain <= 4096, qPrintable(QString::number(whole - plain)));
     }
 
-    void noEventComesAfterTheEngineIsClosed()
+    void noEventComesOnceWindowOrEngineHasGone_data()
     {
+        QTest::addColumn<int>("business");
+        for (int i = 0; i < int(std::size(businesses)); ++i)
+            QTest::newRow(businesses[i].name) << i;
+    }
+    void noEventComesOnceWindowOrEngineHasGone()
+    {
+        QFETCH(const int, business);
         for (int i = 0; i < 20; ++i) {
             EngineStage stage({64, 36});
             QCOMPARE(stage.open(m_film), int(KestOk));
-            QCOMPARE(KestPlay(stage.engine), int(KestOk));
-            QVERIFY(QTest::qWaitFor([&] { return stage.events.size() > 2; }));
-            QTest::qWait(i);  // so that closing meets the player at another moment each time
-            KestClose(stage.engine);
+            businesses[business].doFor(stage, i);  // so that the player is met at another moment
+            const bool windowGoes = i % 2;
+            if (windowGoes)
+                stage.window.reset();
+            else
+                KestClose(stage.engine);
             const std::size_t events = stage.events.size();
+            const int code = windowGoes ? KestErrorNoEdit : KestErrorHandle;
+            QCOMPARE(KestPlay(stage.engine), code);
+            QCOMPARE(KestEditEnd(stage.engine, true), code);
             QTest::qWait(5);
             QCOMPARE(stage.events.size(), events);
         }
@@ -170,7 +212,7 @@ private:
         stage.events.clear();
         QCOMPARE(stage.begin(1), int(KestOk));
         QCOMPARE(KestPlay(stage.engine), int(KestOk));
-        QVERIFY(QTest::qWaitFor([&] { return stage.showsAtCentre(0xffff0000); }));
+        QVERIFY(showsItsFirstPicture(stage));
         QCOMPARE(KestSetCurPos(stage.engine, 2500), int(KestOk));
         QCOMPARE(stage.setFilter(i % 2 ? Kest3DRedCyan : Kest3DInterleaved, 0.01), int(KestOk));
         QVERIFY(
