@@ -15,8 +15,10 @@ constexpr QRgb black = 0xff000000;
 constexpr QRgb red = 0xffff0000;
 constexpr QRgb blue = 0xff0000ff;
 
-/// A picture of one colour for each column or row, or each pixel, that is never black.
-enum class Pattern { Columns, Rows, Pixels };
+/// What has one colour, which is never black: a pixel, or a block of some in a row or a column.
+enum class Pattern { Pixels, Wide, High };
+
+constexpr int blockLength = 16;
 
 QImage pattern(QSize size, Pattern pattern, unsigned seed)
 {
@@ -27,10 +29,9 @@ QImage pattern(QSize size, Pattern pattern, unsigned seed)
     QImage picture(size, QImage::Format_RGB32);
     for (int y = 0; y < size.height(); ++y) {
         for (int x = 0; x < size.width(); ++x) {
-            const int number = pattern == Pattern::Columns ? x
-                : pattern == Pattern::Rows                 ? y
-                                                           : y * size.width() + x;
-            picture.setPixel(x, y, colours[size_t(number)]);
+            const int column = pattern == Pattern::Wide ? x / blockLength : x;
+            const int row = pattern == Pattern::High ? y / blockLength : y;
+            picture.setPixel(x, y, colours[size_t(row * size.width() + column)]);
         }
     }
     return picture;
@@ -41,6 +42,38 @@ QImage plain(QSize size, QRgb colour)
     QImage picture(size, QImage::Format_RGB32);
     picture.fill(colour);
     return picture;
+}
+
+/// A picture of 160 x 90 that is black but where blocks that are stretched to twice their length meet:
+/// the pixel on either side is a mixture.
+QImage seams(Pattern pattern)
+{
+    QImage picture = plain({160, 90}, black);
+    QPainter painter(&picture);
+    for (int at = 2 * blockLength; at < 160; at += 2 * blockLength) {
+        if (pattern == Pattern::Wide)
+            painter.fillRect(at - 1, 0, 2, 90, Qt::white);
+        else if (pattern == Pattern::High)
+            painter.fillRect(0, at - 1, 160, 2, Qt::white);
+    }
+    return picture;
+}
+
+/// Whether two pictures are the same in each channel where `spared` is black.
+bool agree(const QImage &one, const QImage &other, const QImage &spared)
+{
+    if (one.size() != other.size())
+        return false;
+    for (int y = 0; y < one.height(); ++y) {
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb difference = one.pixel(x, y) ^ other.pixel(x, y);
+            const QRgb seam = spared.pixel(x, y);
+            if ((qRed(difference) && !qRed(seam)) || (qGreen(difference) && !qGreen(seam))
+                || (qBlue(difference) && !qBlue(seam)))
+                return false;
+        }
+    }
+    return true;
 }
 
 QImage besideEachOther(const QImage &left, const QImage &right)
@@ -74,18 +107,18 @@ struct Packing
 const Packing packings[] = {
     {"whole, left", KestLayoutSideBySide, "left_right", {160, 90}, Pattern::Pixels},
     {"whole, right", KestLayoutSideBySideRightFirst, "right_left", {160, 90}, Pattern::Pixels},
-    {"half, left", KestLayoutSideBySideHalf, "left_right", {80, 90}, Pattern::Rows},
-    {"half, right", KestLayoutSideBySideHalfRightFirst, "right_left", {80, 90}, Pattern::Rows},
+    {"half, left", KestLayoutSideBySideHalf, "left_right", {80, 90}, Pattern::Wide},
+    {"half, right", KestLayoutSideBySideHalfRightFirst, "right_left", {80, 90}, Pattern::Wide},
     {"whole, top", KestLayoutTopBottom, "top_bottom", {160, 90}, Pattern::Pixels},
     {"whole, bottom", KestLayoutTopBottomRightFirst, "bottom_top", {160, 90}, Pattern::Pixels},
-    {"half, top", KestLayoutTopBottomHalf, "top_bottom", {160, 45}, Pattern::Columns},
-    {"half, bottom", KestLayoutTopBottomHalfRightFirst, "bottom_top", {160, 45}, Pattern::Columns},
+    {"half, top", KestLayoutTopBottomHalf, "top_bottom", {160, 45}, Pattern::High},
+    {"half, bottom", KestLayoutTopBottomHalfRightFirst, "bottom_top", {160, 45}, Pattern::High},
 };
 
-/// The eyes' pictures as they are stored, and the frame that holds them.
+/// The eyes' pictures as they are shown, the frame that holds them, and where they are not exact.
 struct Scene
 {
-    QImage left, right, frame;
+    QImage left, right, frame, seams;
 };
 
 Scene scene(const Packing &packing)
@@ -94,8 +127,19 @@ Scene scene(const Packing &packing)
     const QImage second = pattern(packing.stored, packing.pattern, 2);
     const bool above = packing.layout >= KestLayoutTopBottom;
     const QImage frame = above ? aboveEachOther(first, second) : besideEachOther(first, second);
+    const QImage one = first.scaled(160, 90), other = second.scaled(160, 90);
+    const QImage seams = ::seams(packing.pattern);
     const bool rightFirst = packing.layout % 2 == 0;
-    return rightFirst ? Scene{second, first, frame} : Scene{first, second, frame};
+    return rightFirst ? Scene{other, one, frame, seams} : Scene{one, other, frame, seams};
+}
+
+/// One of views that are exact all over.
+Scene sceneOf(const QImage &left, const QImage &right)
+{
+    return {left.convertToFormat(QImage::Format_RGB32),
+            right.convertToFormat(QImage::Format_RGB32),
+            {},
+            plain(left.size(), black)};
 }
 
 }  // namespace
@@ -129,7 +173,7 @@ private Q_SLOTS:
             = film("film.mkv", scene.frame, QString(" -metadata:s:v stereo_mode=") + with.tag);
         EngineStage stage({160, 90});
         QCOMPARE(stage.open(clip), int(KestOk));
-        showsInEachMode(stage, scene.left.scaled(160, 90), scene.right.scaled(160, 90));
+        showsInEachMode(stage, scene);
         QCOMPARE(stage.events.size(), std::size_t(1));  // paused all the while
     }
 
@@ -143,10 +187,7 @@ private Q_SLOTS:
         QCOMPARE(stage.add(1, film("film.mkv", scene.frame)), int(KestOk));
         QCOMPARE(KestSetStereoLayout(stage.engine, 1, with.layout), int(KestOk));
         QCOMPARE(stage.begin(1), int(KestOk));
-        const QImage left = scene.left.scaled(160, 90), right = scene.right.scaled(160, 90);
-        QTRY_COMPARE(stage.grab(), left);
-        QCOMPARE(stage.setFilter(Kest3DInterleaved, 0.1), int(KestOk));
-        QTRY_COMPARE(stage.grab(), compose({left, 0, 0, right}, {Kest3DInterleaved, 0.1}).picture);
+        showsInEachMode(stage, scene, {0.1});
     }
 
     void aViewIsShownInItsOwnShape_data()
@@ -235,7 +276,7 @@ private Q_SLOTS:
         const QImage frame = above ? aboveEachOther(left, right) : besideEachOther(left, right);
         EngineStage stage({160, 90});
         QCOMPARE(stage.open(mp4("tagged.mp4", frame, tag, 0)), int(KestOk));
-        showsInEachMode(stage, left, right);
+        showsInEachMode(stage, sceneOf(left, right));
     }
 
     void turnedViewsAreTurnedEach_data()
@@ -254,7 +295,7 @@ private Q_SLOTS:
         const auto turn = QTransform().rotate(degrees);
         EngineStage stage(degrees == 180 ? QSize(160, 90) : QSize(90, 160));
         QCOMPARE(stage.open(clip), int(KestOk));
-        showsInEachMode(stage, left.transformed(turn), right.transformed(turn));
+        showsInEachMode(stage, sceneOf(left.transformed(turn), right.transformed(turn)));
     }
 
     void untaggedFilmsAreFlat()
@@ -263,7 +304,7 @@ private Q_SLOTS:
                                              pattern({160, 90}, Pattern::Pixels, 2));
         EngineStage stage({320, 90});
         QCOMPARE(stage.open(m_wide), int(KestOk));
-        showsInEachMode(stage, frame, frame);
+        showsInEachMode(stage, sceneOf(frame, frame));
     }
 
     void aLayoutShowsAtOnceAndCanBeTakenBack()
@@ -385,17 +426,24 @@ private:
                 .arg(rotate));
     }
 
-    static void showsInEachMode(EngineStage &stage, const QImage &left, const QImage &right)
+    static void showsInEachMode(EngineStage &stage, const Scene &scene,
+                                const QVector<double> &depths = {0.0, 0.05, -0.05, 0.0123})
     {
-        QVERIFY(stage.comesToShow(left.convertToFormat(QImage::Format_RGB32)));
+        QVERIFY(comesToShow(stage, scene, {Kest3DTurnOff, 0.0}));
         for (const int mode : {Kest3DRedGreen, Kest3DRedBlue, Kest3DRedCyan, Kest3DBlueYellow,
                                Kest3DInterleaved, Kest3DSlideBySlide, Kest3DTurnOff}) {
-            for (const double depth : {0.0, 0.05, -0.05, 0.0123}) {
+            for (const double depth : depths) {
                 QCOMPARE(stage.setFilter(mode, depth), int(KestOk));
-                const Frame expected = compose({left, 0, 0, right}, {mode, depth});
-                QVERIFY(stage.comesToShow(expected.picture));
+                QVERIFY(comesToShow(stage, scene, {mode, depth}));
             }
         }
+    }
+
+    static bool comesToShow(const EngineStage &stage, const Scene &scene, StereoSetting setting)
+    {
+        const QImage expected = compose({scene.left, 0, 0, scene.right}, setting).picture;
+        const QImage seams = compose({scene.seams, 0, 0, scene.seams}, setting).picture;
+        return QTest::qWaitFor([&] { return agree(stage.grab(), expected, seams); });
     }
 
     Clips m_clips;
