@@ -7,6 +7,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <random>
+
 class Clips
 {
 public:
@@ -55,6 +57,16 @@ public:
         return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()
             ? file.fileName()
             : QString();
+    }
+
+    /// What is no film, and the same each time.
+    static QByteArray noise(int size)
+    {
+        std::mt19937 random(1);
+        QByteArray bytes(size, Qt::Uninitialized);
+        for (char &byte : bytes)
+            byte = char(random());
+        return bytes;
     }
 
     static QByteArray read(const QString &path)

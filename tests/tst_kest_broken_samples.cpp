@@ -75,11 +75,7 @@ private Q_SLOTS:
         QTRY_VERIFY(stage.position() > 100 && stage.position() != ~0u);
         QFile file(film);
         QVERIFY(file.open(QIODevice::ReadWrite));
-        std::mt19937 random(1);
-        QByteArray noise(int(file.size()), Qt::Uninitialized);
-        for (char &byte : noise)
-            byte = char(random());
-        QCOMPARE(file.write(noise), qint64(noise.size()));
+        QCOMPARE(file.write(Clips::noise(int(file.size()))), file.size());
         file.close();
         QTRY_VERIFY_WITH_TIMEOUT(stage.ended(), 10000);
         QCOMPARE(stage.count(5), 1);
