@@ -1,4 +1,5 @@
-// What belongs to the whole process, before and after an engine has played: nothing of it changes.
+// What belongs to the whole process, before and after an engine has played and read: nothing of it
+// changes.
 // Not here: files that the engine opens (tst_kest_opens_one_file.cpp).
 #include "clips.h"
 #include "enginestage.h"
@@ -64,13 +65,14 @@ QByteArray blockedSignals()
     return bits;
 }
 
-/// The handler of X errors, where libX11 has been loaded; asking for it means to set it.
+/// The handler of X errors, null only where there is no libX11; asking for it means to set it.
 void *xErrorHandler()
 {
     using Handler = void *(*)(void *);
-    const auto set = reinterpret_cast<Handler>(dlsym(RTLD_DEFAULT, "XSetErrorHandler"));
-    if (!set)
+    static void *const library = dlopen("libX11.so.6", RTLD_NOW | RTLD_GLOBAL);
+    if (!library)
         return nullptr;
+    const auto set = reinterpret_cast<Handler>(dlsym(library, "XSetErrorHandler"));
     void *const handler = set(nullptr);
     set(handler);
     return handler;
@@ -118,9 +120,10 @@ private Q_SLOTS:
         QVERIFY(!m_film.isEmpty());
     }
 
-    void playingChangesNothing()
+    void playingAndReadingChangeNothing()
     {
         const Process before;
+        QVERIFY(before.xHandler);
         EngineStage stage;
         compare({}, before);
         QCOMPARE(stage.open(m_film), int(KestOk));
@@ -130,6 +133,7 @@ private Q_SLOTS:
         QCOMPARE(KestSetCurPos(stage.engine, 2500), int(KestOk));
         QTRY_VERIFY(stage.showsAtCentre(0xff0000ff));
         compare({}, before);
+        readSome(stage.engine, [&] { compare({}, before); });
         KestClose(stage.engine);
         compare({}, before);
     }
@@ -148,6 +152,7 @@ private Q_SLOTS:
             QTRY_VERIFY(stage.showsAtCentre(0xff00ff00));
             QTRY_COMPARE(stage.position(), 1520u);
             compare({}, comma);
+            readSome(stage.engine, [&] { compare({}, comma); });
             KestClose(stage.engine);
             compare({}, comma);
         }
@@ -172,6 +177,23 @@ private:
         QCOMPARE(stage.open(m_film), int(KestOk));
         QCOMPARE(KestPlay(stage.engine), int(KestOk));
         QTRY_VERIFY(stage.showsAtCentre(0xffff0000));
+        readSome(stage.engine, [] {});
+    }
+
+    /// Reads two pictures of the stage's film, and looks after each step.
+    template <typename Look> static void readSome(void *engine, Look look)
+    {
+        void *reader = nullptr;
+        QCOMPARE(KestReaderOpen(engine, 1, &reader), int(KestOk));
+        look();
+        for (const long long time : {0, 40000}) {
+            KestPicture picture = {};
+            QCOMPARE(KestReaderNext(reader, &picture), int(KestOk));
+            QCOMPARE(picture.time, time);
+            look();
+        }
+        KestReaderClose(reader);
+        look();
     }
 
     /// Takes an installed one, or makes one for this process, of few characters as that takes less long.
