@@ -100,10 +100,13 @@ private Q_SLOTS:
             QCOMPARE(KestPlay(stage.engine), int(KestOk));
             QTRY_VERIFY(stage.position() > i * 300u && stage.position() != ~0u);
             QCOMPARE(KestPause(stage.engine), int(KestOk));
-            QTest::qWait(150);
-            const QImage shown = stage.grab();
-            QCOMPARE(KestSetCurPos(stage.engine, 3500), int(KestOk));
+            QImage shown;
+            while (shown != stage.grab()) {
+                shown = stage.grab();
+                QTest::qWait(150);
+            }
             const unsigned int position = stage.position();
+            QCOMPARE(KestSetCurPos(stage.engine, 3500), int(KestOk));
             QTRY_COMPARE(stage.position(), 3500u);
             QCOMPARE(KestSetCurPos(stage.engine, position), int(KestOk));
             QTRY_COMPARE(stage.position(), position);
